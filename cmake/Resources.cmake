@@ -1,0 +1,81 @@
+# Compiles the resources of the report into one source file, VANTREL_RESOURCE_SOURCE. Ours come from
+# resources/, the third-party scripts from npm or from VANTREL_SCRIPTS_DIR.
+set(generated ${CMAKE_CURRENT_BINARY_DIR}/generated)
+set(custom ${CMAKE_CURRENT_SOURCE_DIR}/resources/custom)
+
+if(VANTREL_SCRIPTS_DIR)
+    set(handlebars_source ${VANTREL_SCRIPTS_DIR}/handlebars.min.js)
+    set(d3_source ${VANTREL_SCRIPTS_DIR}/d3.min.js)
+    set(htmlparser_source ${VANTREL_SCRIPTS_DIR}/htmlparser.js)
+    foreach(script ${handlebars_source} ${d3_source} ${htmlparser_source})
+        if(NOT EXISTS ${script})
+            message(FATAL_ERROR "VANTREL_SCRIPTS_DIR has no ${script}")
+        endif()
+    endforeach()
+else()
+    find_program(NPM_EXECUTABLE npm)
+    if(NOT NPM_EXECUTABLE)
+        message(FATAL_ERROR "npm is needed to fetch handlebars, d3 and htmlparser; "
+            "or give a folder that has them with -DVANTREL_SCRIPTS_DIR=")
+    endif()
+    set(npm_dir ${CMAKE_CURRENT_BINARY_DIR}/npm)
+    set(handlebars_source ${npm_dir}/node_modules/handlebars/dist/handlebars.min.js)
+    set(d3_source ${npm_dir}/node_modules/d3/d3.min.js)
+    set(htmlparser_source ${npm_dir}/node_modules/htmlparser/lib/htmlparser.js)
+    set(package_files ${CMAKE_CURRENT_SOURCE_DIR}/package.json
+        ${CMAKE_CURRENT_SOURCE_DIR}/package-lock.json)
+    add_custom_command(OUTPUT ${handlebars_source} ${d3_source} ${htmlparser_source}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${npm_dir}
+        COMMAND ${CMAKE_COMMAND} -E copy ${package_files} ${npm_dir}
+        COMMAND ${NPM_EXECUTABLE} ci --prefix ${npm_dir} --omit=dev --omit=optional
+            --ignore-scripts --no-audit --no-fund --loglevel=error
+        COMMAND ${CMAKE_COMMAND} -E touch ${handlebars_source} ${d3_source} ${htmlparser_source}
+        DEPENDS ${package_files}
+        COMMENT "Fetching the third-party scripts")
+endif()
+
+# The chart is left out by pages that say so for browsers that can't draw it.
+file(WRITE ${generated}/d3-begin.js "if(!window.LTE_IE_8){\n")
+file(WRITE ${generated}/d3-end.js "\n}\n")
+set(handlebars_script ${generated}/handlebars.min-v4.0.5.js)
+set(d3_script ${generated}/d3.v3.min.js)
+set(htmlparser_script ${generated}/htmlparser.js)
+set(adapter ${custom}/htmlparser-builder.js)
+add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
+    COMMAND ${CMAKE_COMMAND} -E copy ${handlebars_source} ${handlebars_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${generated}/d3-begin.js ${d3_source} ${generated}/d3-end.js
+        > ${d3_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${htmlparser_source} ${adapter} > ${htmlparser_script}
+    DEPENDS ${handlebars_source} ${d3_source} ${htmlparser_source} ${adapter}
+    VERBATIM)
+
+set(resource_files)
+set(qrc "<RCC>\n<qresource prefix=\"/vantrel/custom\">\n")
+foreach(name
+    html_template.html csv_template.txt applicationDetailsTemplate.html headerMemoryTemplate.html
+    headerResourcesTemplate.html headerTasksTemplate.html headerTimeTemplate.html logoTemplate.html
+    subsectionsTemplate.html summaryTemplate.html titleTemplate.html headerResourcesTemplate.txt
+    text_header.txt text_subsections.txt text_summary.txt text_template.txt
+    header-data.json header.html vantrel.css
+    vantrel.js corvane.js report-engine.js polyfill.js radar-chart.js
+    logo.png powered-by-corvane-reports.png)
+    list(APPEND resource_files ${custom}/${name})
+    string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
+endforeach()
+foreach(script ${handlebars_script} ${d3_script} ${htmlparser_script})
+    list(APPEND resource_files ${script})
+    get_filename_component(name ${script} NAME)
+    string(APPEND qrc "<file alias=\"${name}\">${script}</file>\n")
+endforeach()
+set(prelude ${CMAKE_CURRENT_SOURCE_DIR}/resources/interpreter/prelude.js)
+list(APPEND resource_files ${prelude})
+string(APPEND qrc "</qresource>\n<qresource prefix=\"/vantrel/interpreter\">\n"
+    "<file alias=\"prelude.js\">${prelude}</file>\n</qresource>\n</RCC>\n")
+file(CONFIGURE OUTPUT ${generated}/vantrel.qrc CONTENT "${qrc}")
+
+set(VANTREL_RESOURCE_SOURCE ${generated}/qrc_vantrel.cpp)
+add_custom_command(OUTPUT ${VANTREL_RESOURCE_SOURCE}
+    COMMAND Qt5::rcc --no-compress --name vantrel ${generated}/vantrel.qrc
+        -o ${VANTREL_RESOURCE_SOURCE}
+    DEPENDS ${generated}/vantrel.qrc ${resource_files}
+    VERBATIM)

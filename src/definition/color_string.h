@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+namespace vantrel::report {
+
+/// Reads a colour: a hex code, an SVG colour name, or "rgb(R,G,B)", "hsv(H,S,V)", "hsl(H,S,L)".
+///
+/// @param error takes the message if the text is refused
+/// @return an invalid colour if it is refused
+QColor parseColor(const QString& text, QString* error);
+
+} // namespace vantrel::report

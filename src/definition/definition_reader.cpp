@@ -1,0 +1,121 @@
+// Reads a definition document, from its root to the three sections.
+#include "definition/definition_reader.h"
+
+#include "definition/schema_validation.h"
+#include "definition/section_readers.h"
+#include "definition/site_addresses.h"
+#include "metrics/builtin_metrics.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace vantrel::report {
+
+namespace {
+
+QString textOr(const QString& text, const QString& fallback)
+{
+    return text.isEmpty() ? fallback : text;
+}
+
+bool readRootAttributes(ReportDefinition& definition, XmlSource& xml)
+{
+    QString name;
+    QString logo;
+    QString logoLink;
+    if (!xml.readString("name", XmlSource::Required, &name) ||
+        !xml.readString("logo", XmlSource::Optional, &logo) ||
+        !xml.readString("logoLink", XmlSource::Optional, &logoLink))
+        return false;
+    definition.setName(name);
+    definition.setLogo(textOr(logo, defaultLogo()));
+    definition.setLogoLink(textOr(logoLink, defaultLogoLink()));
+    return true;
+}
+
+} // namespace
+
+bool readDefinition(ReportDefinition& definition, XmlSource& xml)
+{
+    xml.readNextStart();
+    definition.clearContent();
+    definition.setUrl(xml.url());
+    // The attributes come first: a wrong root without a name is told that it lacks the name.
+    if (!readRootAttributes(definition, xml))
+        return false;
+    if (xml.elementName() != QLatin1String("report")) {
+        return xml.fail(QObject::tr("Expected '%1' as the root element, got '%2'")
+                            .arg(QStringLiteral("report"), xml.elementName().toString()));
+    }
+    xml.readNextStart();
+    if (!readMetrics(definition, xml))
+        return false;
+    xml.readNextStart();
+    if (!readSummary(definition, xml))
+        return false;
+    xml.readNextStart();
+    return readSubsections(definition, xml);
+}
+
+ReportDefinition* ReportDefinition::load(const QByteArray& xml, const QUrl& url,
+                                         const QString& schemaPath, QString* error,
+                                         int messageMode, const ReportIdScheme& scheme)
+{
+    if (error)
+        error->clear();
+    if (!schemaPath.isEmpty() && !validateDefinition(xml, url, schemaPath, error, messageMode))
+        return nullptr;
+    auto definition = std::make_unique<ReportDefinition>();
+    definition->setIdScheme(scheme);
+    XmlSource source(xml, url, error);
+    return readDefinition(*definition, source) ? definition.release() : nullptr;
+}
+
+bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QString& id)
+{
+    if (definition.idScheme().reservesCorvaneIds &&
+        (id.startsWith(QLatin1String("corvane.")) || id.startsWith(QLatin1String("com.corvane."))))
+        return xml.fail(QObject::tr("The id=\"%1\" is reserved.").arg(id));
+    if (id.count(u'.') >= mostIdParts) {
+        return xml.fail(QObject::tr("The id=\"%1\" has more than %2 parts.")
+                            .arg(id, QString::number(mostIdParts)));
+    }
+    return true;
+}
+
+bool checkMetricExists(const ReportDefinition& definition, XmlSource& xml, const QString& id)
+{
+    return definition.hasMetric(id) ||
+           xml.fail(QObject::tr("There is no metric with id=\"%1\" in this report").arg(id));
+}
+
+bool readRequires(const ReportDefinition& definition, XmlSource& xml, QString* out)
+{
+    if (!xml.readString("requires", XmlSource::Optional, out))
+        return false;
+    if (out->isEmpty())
+        return true;
+    const QString id = out->startsWith(u'!') ? out->mid(1) : *out;
+    return definition.hasMetric(id) || isBuiltinMetric(id) ||
+           checkMetricExists(definition, xml, id);
+}
+
+void readDescription(XmlSource& xml, QString* description)
+{
+    if (!xml.readNextStart())
+        return;
+    if (xml.elementName() == QLatin1String("description"))
+        *description = xml.readMarkup();
+    else
+        xml.skipElement();
+    xml.skipElement();
+}
+
+bool expectElement(XmlSource& xml, const char* name, const char* message)
+{
+    return xml.elementName() == QLatin1String(name) ||
+           xml.fail(QObject::tr(message).arg(xml.elementName().toString()));
+}
+
+} // namespace vantrel::report

@@ -1,0 +1,116 @@
+#include "definition/report_definition.h"
+
+#include <QObject>
+
+#include <algorithm>
+
+namespace vantrel::report {
+
+namespace {
+
+template <typename Record>
+QList<Record> inDisplayOrder(QList<Record> list)
+{
+    std::stable_sort(list.begin(), list.end(),
+                     [](const Record& a, const Record& b) { return a.order < b.order; });
+    return list;
+}
+
+QString sourceLine(int indent, const QString& name, const QUrl& url)
+{
+    return QStringLiteral("%1%2 (%3)\n").arg(QString(indent, u' '), name, url.toString());
+}
+
+} // namespace
+
+ReportDefinition::ReportDefinition(const QList<ReportMetric>& metrics, const QString& name,
+                                   const QUrl& url)
+    : m_scheme(ReportIdScheme::builtin()), m_name(name), m_url(url)
+{
+    setMetrics(metrics);
+}
+
+void ReportDefinition::setMetrics(const QList<ReportMetric>& list)
+{
+    m_metrics.clear();
+    m_metricIdTree.clear();
+    for (const ReportMetric& metric : list)
+        appendMetric(metric);
+}
+
+void ReportDefinition::appendMetric(const ReportMetric& metric)
+{
+    m_metrics.append(metric);
+    m_metricIdTree.append(metric.id);
+}
+
+QSet<QString> ReportDefinition::metricIds() const
+{
+    QSet<QString> ids;
+    for (const ReportMetric& metric : metrics())
+        ids.insert(metric.id);
+    return ids;
+}
+
+Summary ReportDefinition::summary() const
+{
+    return {m_summaryHeading, m_summaryFooter, inDisplayOrder(m_summaryEntries.all())};
+}
+
+void ReportDefinition::setSummary(const Summary& summary)
+{
+    m_summaryHeading = summary.heading;
+    m_summaryFooter = summary.footer;
+    m_summaryEntries.replaceAll(summary.entries);
+}
+
+QList<Subsection> ReportDefinition::subsections() const
+{
+    QList<Subsection> list = inDisplayOrder(m_subsections.all());
+    for (Subsection& subsection : list)
+        subsection.entries = inDisplayOrder(subsection.entries);
+    return list;
+}
+
+void ReportDefinition::clearContent()
+{
+    setMetrics({});
+    setSummary({});
+    setSubsections({});
+    m_partialReports.clear();
+}
+
+void ReportDefinition::appendMarkup(QString& text, const QString& markup)
+{
+    if (!text.isEmpty())
+        text += QLatin1String("<br/>");
+    text += markup;
+}
+
+QString ReportDefinition::describeSources(int indent) const
+{
+    QString text = sourceLine(indent, m_name, m_url);
+    for (auto it = m_partialReports.begin(); it != m_partialReports.end(); ++it)
+        text += sourceLine(indent, it.key(), it.value());
+    return text;
+}
+
+QString ReportDefinition::findMetricIdCollision(const QString& id, QString* error) const
+{
+    const auto reportEmptyPart = [error](const QString& culprit) {
+        *error = QObject::tr("%1 contains empty parts.").arg(culprit);
+    };
+    if (error && MetricIdTree::hasEmptyPart(id)) {
+        reportEmptyPart(id);
+        return QString();
+    }
+    const int collision = m_metricIdTree.firstCollision(id);
+    const int emptyPart = m_metricIdTree.firstWithEmptyPart();
+    if (error && emptyPart >= 0 && (collision < 0 || emptyPart <= collision)) {
+        reportEmptyPart(metrics().at(emptyPart).id);
+        return QString();
+    }
+    return collision < 0 ? QString() : metrics().at(collision).id;
+}
+
+} // namespace vantrel::report

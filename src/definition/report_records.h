@@ -1,0 +1,103 @@
+#pragma once
+
+#include "metrics/metric_type.h"
+
+#include <QColor>
+#include <QList>
+#include <QString>
+
+#include <cmath>
+#include <limits>
+
+/// The records of a report definition: plain values that refer to one another by id.
+namespace vantrel::report {
+
+/// How the ids of a definition become the keys of values, and which ids are refused.
+struct ReportIdScheme {
+    QString metricPrefix = QStringLiteral("custom.report.metric");
+    QString summaryPrefix = QStringLiteral("custom.report.summary");
+    QString subsectionPrefix = QStringLiteral("custom.report.subsection");
+    bool reservesCorvaneIds = true;
+
+    /// The scheme of the definitions that are our own: no prefixes, no reserved ids.
+    static ReportIdScheme builtin() { return {QString(), QString(), QString(), false}; }
+};
+
+enum UnitPrefix : int { SiPrefix = 0, IecPrefix = 1 };
+
+/// A declared metric.
+struct ReportMetric {
+    QString id; ///< dotted
+    QString displayName;
+    QString units;
+    QColor colour; ///< invalid for none
+    MetricType type = MetricType::Double;
+    int corvaneMetricVersion = 0; ///< 0 for a custom metric
+    QString breakdownSubsection;  ///< id of a subsection; empty for none
+    QString source;               ///< "metric" for one that is fed from a sampled metric
+    QString metricRef;            ///< name of the sampled metric
+    int sampleValue = 0;          ///< 0 none, 1 min, 2 max, 3 mean, 4 sum
+    int aggregation = 0;          ///< 0 none, 1 min, 2 max, 3 mean
+};
+
+/// A row of the summary.
+struct SummaryEntry {
+    QString id;
+    QString reportMetric; ///< id of the metric shown
+    QString chartLabel;
+    QString description; ///< markup
+    QString requires;    ///< id of the metric that shows the row, "!" in front negates; or empty
+    int order = 0;
+};
+
+/// A metric row or a spacer of a subsection.
+struct SubsectionEntry {
+    QString reportMetric; ///< empty for a spacer
+    QString displayName;  ///< replaces the metric's own
+    QColor colour;        ///< replaces the metric's own
+    QString requires;
+    QString description; ///< markup
+    int unitPrefix = SiPrefix;
+    bool machineReadableOnly = false;
+    QString group;
+    int order = 0;
+    double maxBarValue = std::numeric_limits<double>::quiet_NaN();
+    bool isSpacer = false; ///< only order, requires and description mean anything
+};
+
+struct Subsection {
+    QString id;
+    QString heading;
+    QColor colour;
+    QString text;        ///< markup
+    QString errorMetric; ///< id of a string metric that holds an error message
+    QList<SubsectionEntry> entries;
+    QString requires;
+    int order = 0;
+    int maxAdviceStrings = 1;
+};
+
+/// The summary as it is handed out and taken in.
+struct Summary {
+    QString heading; ///< markup
+    QString footer;  ///< markup
+    QList<SummaryEntry> entries;
+};
+
+/// Whether a full scale was given for the row's bar.
+inline bool hasMaxBarValue(const SubsectionEntry& entry)
+{
+    return std::isfinite(entry.maxBarValue);
+}
+
+/// @name Keys of values
+/// @{
+QString qualifiedMetricId(const ReportMetric& metric, const ReportIdScheme& scheme);
+QString qualifiedSubsectionId(const QString& id, const ReportIdScheme& scheme);
+QString qualifiedSummaryId(const QString& id, const ReportIdScheme& scheme);
+QString summaryAdviceKey(const QString& id, const ReportIdScheme& scheme);
+/// @p n counts from 1.
+QString subsectionAdviceKey(const QString& id, const ReportIdScheme& scheme, int n);
+/// @}
+
+} // namespace vantrel::report

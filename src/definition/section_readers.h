@@ -1,0 +1,33 @@
+#pragma once
+
+#include "definition/report_definition.h"
+#include "definition/xml_source.h"
+
+/// The readers of a definition's three sections. Each is called with the source on the section's
+/// start tag and is false if the document is refused.
+namespace vantrel::report {
+
+/// A subsection's advice slots are declared one by one, so there must be an end to them.
+constexpr int greatestMaxAdviceStrings = 1000;
+/// Dotted ids become nested objects, which Qt and browsers walk recursively.
+constexpr int mostIdParts = 200;
+
+bool readMetrics(ReportDefinition& definition, XmlSource& xml);
+bool readSummary(ReportDefinition& definition, XmlSource& xml);
+bool readSubsections(ReportDefinition& definition, XmlSource& xml);
+
+/// @name Shared by the sections
+/// @{
+/// Whether a new record may have this id.
+bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QString& id);
+/// Whether the definition has this metric.
+bool checkMetricExists(const ReportDefinition& definition, XmlSource& xml, const QString& id);
+/// Reads the attribute that makes a row depend on a metric.
+bool readRequires(const ReportDefinition& definition, XmlSource& xml, QString* out);
+/// Reads the description of an entry, if its first child is one, and goes to the entry's end tag.
+void readDescription(XmlSource& xml, QString* description);
+/// Refuses an element that isn't where it belongs.
+bool expectElement(XmlSource& xml, const char* name, const char* message);
+/// @}
+
+} // namespace vantrel::report

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "metrics/metric_type.h"
+
+#include <QJsonObject>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+namespace vantrel {
+
+/// The declaration of a metric. One with a null id stands for a metric that doesn't exist.
+struct MetricDefinition {
+    QString id;
+    QString valuePath; ///< dotted place of the value in the data object
+    MetricType type = MetricType::None;
+    QString units;       ///< null for none
+    QString displayName; ///< null for none
+    quint8 version = 0;  ///< metric data version that introduced the metric; 0 for always
+
+    bool operator==(const MetricDefinition& other) const;
+    bool operator!=(const MetricDefinition& other) const { return !(*this == other); }
+};
+
+/// The declared metrics of one report and their values, both sorted by id.
+///
+/// Values are stored as they come: whoever sets one has tested its type.
+class MetricStore {
+public:
+    bool hasDefinition(const QString& id) const { return definitions.contains(id); }
+    bool hasValue(const QString& id) const { return values.contains(id); }
+    /// The definition of @p id, or the all-null one.
+    MetricDefinition definition(const QString& id) const { return definitions.value(id); }
+    /// The value of @p id, or an invalid variant.
+    QVariant value(const QString& id) const { return values.value(id); }
+
+    /// Declares a metric; a later declaration of the same id replaces an earlier one.
+    void addDefinition(const MetricDefinition& definition);
+    void addDefinitions(const QList<MetricDefinition>& list);
+    /// Forgets the declarations, but not the values.
+    void clearDefinitions() { definitions.clear(); }
+    void clearValues() { values.clear(); }
+
+    /// These three change nothing and return false if @p id isn't declared.
+    bool setValue(const QString& id, const QVariant& value);
+    bool setDefaultValue(const QString& id);
+    bool setUnits(const QString& id, const QString& units);
+
+    /// True if each declared metric has a value. Appends the ids of those that have none to
+    /// @p missing, which may be null.
+    bool findMissingValues(QStringList* missing) const;
+
+    /// The values, nested along the dotted paths.
+    QJsonObject toDataObject() const;
+    /// The declarations, keyed by id.
+    QJsonObject toMetricDataObject() const;
+
+private:
+    QMap<QString, MetricDefinition> definitions;
+    QMap<QString, QVariant> values;
+};
+
+} // namespace vantrel

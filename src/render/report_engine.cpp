@@ -1,0 +1,226 @@
+#include "render/report_engine.h"
+
+#include "render/resources.h"
+#include "render/script_interpreter.h"
+
+#include <QJsonDocument>
+#include <QObject>
+
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+constexpr char dataElementId[] = "reportData";
+constexpr char outputElementId[] = "report";
+
+QString scriptElement(const QString& attributes, const QString& text = QString())
+{
+    return QLatin1String("<script") + attributes + u'>' + text + QLatin1String("</script>\n");
+}
+
+/// A text as the inside of a script string in a page.
+QString scriptString(const QString& text)
+{
+    QJsonObject object{{QStringLiteral("t"), text}};
+    const QString json = QString::fromUtf8(pageJson(object));
+    return json.mid(5, json.size() - 6);
+}
+
+bool readText(QFile& file, QString* text, QString* error)
+{
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = QObject::tr("Unable to read file %1: %2").arg(file.fileName(), file.errorString());
+        return false;
+    }
+    *text = QString::fromUtf8(file.readAll());
+    file.close();
+    return true;
+}
+
+bool fail(QString* error, const QString& message)
+{
+    *error = message.isEmpty() ? QObject::tr("unknown script error") : message;
+    return false;
+}
+
+} // namespace
+
+QString ReportFormat::scriptName() const
+{
+    switch (value) {
+    case Html:
+        return QStringLiteral("html");
+    case Text:
+        return QStringLiteral("text");
+    case Unknown:
+        break;
+    }
+    return QString();
+}
+
+QString ReportFormat::mimeType() const
+{
+    return value == Html ? QStringLiteral("text/html") : QStringLiteral("text/plain");
+}
+
+ReportEngine::ReportEngine() = default;
+ReportEngine::~ReportEngine() = default;
+
+bool ReportEngine::loadPartialFromFile(const QString& name, QFile& file, ReportFormat format,
+                                       QString* error)
+{
+    Source source{name, QString(), format};
+    return readText(file, &source.text, error) &&
+           addSource(source, vantrel::isResourcePath(file.fileName()), error);
+}
+
+bool ReportEngine::loadJavaScriptFromFile(QFile& file, QString* error)
+{
+    Source source{QString(), QString(), ReportFormat::Unknown};
+    return readText(file, &source.text, error) &&
+           addSource(source, vantrel::isResourcePath(file.fileName()), error);
+}
+
+void ReportEngine::loadAdditionalHeadContent(const QString& content)
+{
+    headContent.append(content);
+}
+
+bool ReportEngine::addSource(const Source& source, bool isTrusted, QString* error)
+{
+    sources.append(source);
+    if (isTrusted && !interpreter)
+        return true;
+    if (runPendingSources(error))
+        return true;
+    sources.removeLast();
+    sourcesRun = sources.size();
+    return false;
+}
+
+bool ReportEngine::runPendingSources(QString* error)
+{
+    if (!interpreter) {
+        interpreter = std::make_unique<ScriptInterpreter>();
+        if (!interpreter->start(error)) {
+            interpreter.reset();
+            return false;
+        }
+    }
+    for (; sourcesRun < sources.size(); ++sourcesRun) {
+        if (!runSource(sources.at(sourcesRun), error))
+            return false;
+    }
+    return true;
+}
+
+bool ReportEngine::runSource(const Source& source, QString* error)
+{
+    QString message;
+    const bool ok =
+        source.isScript()
+            ? interpreter->run(source.text, &message)
+            : interpreter->registerPartial(source.name, source.format.scriptName(), source.text,
+                                           &message);
+    return ok || fail(error, message);
+}
+
+DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
+{
+    DynamicPage page;
+    QString& head = page.beforeData;
+    head = QStringLiteral(
+        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n");
+    head += headContent.join(QString());
+    for (const char* file : ScriptInterpreter::scriptFiles)
+        head += scriptElement(QStringLiteral(" src=\"%1\"").arg(QLatin1String(file)));
+    for (const Source& source : sources) {
+        if (source.isScript())
+            head += scriptElement(QString(), source.text);
+    }
+    head += QStringLiteral("</head>\n<body>\n<div id=\"%1\" role=\"main\"></div>\n"
+                           "<script type=\"application/json\" id=\"%2\">")
+                .arg(QLatin1String(outputElementId), QLatin1String(dataElementId));
+
+    QString& tail = page.afterData;
+    tail = QStringLiteral("</script>\n");
+    for (const Source& source : sources) {
+        if (!source.isScript()) {
+            tail += scriptElement(QStringLiteral(" type=\"%1\" id=\"%2\"")
+                                      .arg(source.format.mimeType(), source.name.toHtmlEscaped()),
+                                  source.text);
+        }
+    }
+    tail += scriptElement(QString(), QStringLiteral("ReportEngine.startPage(%1, \"%2\", \"%3\");")
+                                         .arg(scriptString(templateName),
+                                              QLatin1String(dataElementId),
+                                              QLatin1String(outputElementId)));
+    tail += QLatin1String("</body>\n</html>");
+    return page;
+}
+
+QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& templateName,
+                                        QString* error)
+{
+    const bool isKnown = std::any_of(
+        sources.begin(), sources.end(),
+        [&templateName](const Source& source) { return source.name == templateName; });
+    if (!isKnown) {
+        *error = QObject::tr("Invalid template \"%1\" for html").arg(templateName);
+        return QString();
+    }
+    const DynamicPage page = dynamicPage(templateName);
+    return page.beforeData + QString::fromUtf8(pageJson(data)) + page.afterData;
+}
+
+QString ReportEngine::renderStatic(const QJsonObject& data, const QString& templateName,
+                                   ReportFormat format, QString* error)
+{
+    if (!runPendingSources(error))
+        return QString();
+    QString message;
+    const QString json = QString::fromUtf8(QJsonDocument(data).toJson(QJsonDocument::Compact));
+    const QString text = interpreter->render(templateName, format.scriptName(), json, &message);
+    if (!message.isNull())
+        fail(error, message);
+    return text;
+}
+
+QByteArray pageJson(const QJsonObject& data)
+{
+    const QByteArray json = QJsonDocument(data).toJson(QJsonDocument::Compact);
+    QByteArray text;
+    text.reserve(json.size() + json.size() / 8);
+    int copied = 0;
+    const auto replace = [&](int at, int length, const char* escape) {
+        text.append(json.constData() + copied, at - copied).append(escape);
+        copied = at + length;
+    };
+    for (int i = 0; i < json.size(); ++i) {
+        switch (json.at(i)) {
+        case '<':
+            replace(i, 1, "\\u003c");
+            break;
+        case '>':
+            replace(i, 1, "\\u003e");
+            break;
+        case '&':
+            replace(i, 1, "\\u0026");
+            break;
+        case '\xe2': // U+2028 and U+2029 end a line in older scripts
+            if (json.mid(i, 3) == "\xe2\x80\xa8")
+                replace(i, 3, "\\u2028");
+            else if (json.mid(i, 3) == "\xe2\x80\xa9")
+                replace(i, 3, "\\u2029");
+            break;
+        default:
+            break;
+        }
+    }
+    return text.append(json.constData() + copied, json.size() - copied);
+}
+
+} // namespace corvane

@@ -1,0 +1,161 @@
+#include "render/report_renderer.h"
+
+#include "render/html_inliner.h"
+#include "render/report_engine.h"
+#include "render/resources.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace vantrel {
+
+using corvane::ReportEngine;
+using corvane::ReportFormat;
+
+namespace {
+
+struct PartialRow {
+    const char* file;
+    ReportFormat::value_type format;
+};
+
+/// In the order of loading: the text form of headerResourcesTemplate comes after the one that is
+/// derived from its html form, and replaces it.
+constexpr PartialRow partials[] = {
+    {"html_template.html", ReportFormat::Html},
+    {"csv_template.txt", ReportFormat::Text},
+    {"applicationDetailsTemplate.html", ReportFormat::Html},
+    {"headerMemoryTemplate.html", ReportFormat::Html},
+    {"headerResourcesTemplate.html", ReportFormat::Html},
+    {"headerTasksTemplate.html", ReportFormat::Html},
+    {"headerTimeTemplate.html", ReportFormat::Html},
+    {"logoTemplate.html", ReportFormat::Html},
+    {"subsectionsTemplate.html", ReportFormat::Html},
+    {"summaryTemplate.html", ReportFormat::Html},
+    {"titleTemplate.html", ReportFormat::Html},
+    {"headerResourcesTemplate.txt", ReportFormat::Text},
+    {"text_header.txt", ReportFormat::Text},
+    {"text_subsections.txt", ReportFormat::Text},
+    {"text_summary.txt", ReportFormat::Text},
+    {"text_template.txt", ReportFormat::Text},
+};
+
+QByteArray resourceBytes(const char* name)
+{
+    QFile file(resourcePath(QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+const QJsonArray& headerRows()
+{
+    static const QJsonArray rows =
+        QJsonDocument::fromJson(resourceBytes("header-data.json")).array();
+    return rows;
+}
+
+void loadResources(ReportEngine& engine)
+{
+    QString error;
+    for (const PartialRow& partial : partials) {
+        QFile file(resourcePath(QLatin1String(partial.file)));
+        const QString name = QFileInfo(file).baseName();
+        if (!engine.loadPartialFromFile(name, file, partial.format, &error)) {
+            qWarning("Error generating report, failed when processing template '%s':\n%s",
+                     qPrintable(file.fileName()), qPrintable(error));
+            error.clear();
+        }
+    }
+    QFile script(resourcePath(QStringLiteral("vantrel.js")));
+    if (!engine.loadJavaScriptFromFile(script, &error)) {
+        qWarning("Error generating report, failed when processing javascript file '%s'\n:%s",
+                 qPrintable(script.fileName()), qPrintable(error));
+    }
+    engine.loadAdditionalHeadContent(QString::fromUtf8(resourceBytes("header.html")));
+}
+
+/// The page around the data, with all resources inline. They are compiled in, so it is the same for
+/// every report of the process; and since the data holds no "<", nothing in it is to be inlined.
+struct InlinedPage {
+    QByteArray beforeData;
+    QByteArray afterData;
+
+    InlinedPage()
+    {
+        ReportEngine engine;
+        loadResources(engine);
+        const corvane::DynamicPage page =
+            engine.dynamicPage(templateNameForFormat(ReportOutputKind::DynamicHtml));
+        beforeData = inlineHtmlResources(page.beforeData, resourceRoot()).toLocal8Bit();
+        afterData = inlineHtmlResources(page.afterData, resourceRoot()).toLocal8Bit();
+    }
+};
+
+QByteArray renderPage(const QJsonObject& document)
+{
+    static const InlinedPage page;
+    return page.beforeData + corvane::pageJson(document) + page.afterData;
+}
+
+QByteArray renderText(ReportOutputKind kind, const QJsonObject& document)
+{
+    const bool isKnown = kind == ReportOutputKind::Text || kind == ReportOutputKind::Csv;
+    ReportEngine engine;
+    loadResources(engine);
+    QString error;
+    const QString text =
+        engine.renderStatic(document, templateNameForFormat(kind),
+                            isKnown ? ReportFormat::Text : ReportFormat::Unknown, &error);
+    if (!error.isEmpty())
+        qWarning("Error generating static report: %s", qPrintable(error));
+    return text.toLocal8Bit();
+}
+
+} // namespace
+
+QString templateNameForFormat(ReportOutputKind kind)
+{
+    switch (kind) {
+    case ReportOutputKind::Text:
+        return QStringLiteral("text_template");
+    case ReportOutputKind::DynamicHtml:
+        return QStringLiteral("html_template");
+    case ReportOutputKind::Csv:
+        return QStringLiteral("csv_template");
+    case ReportOutputKind::Json:
+        break;
+    }
+    return QString();
+}
+
+QJsonObject makeReportDocument(const MetricStore& metrics, const ReportSections& sections)
+{
+    return {
+        {QStringLiteral("subsections"), sections.subsections},
+        {QStringLiteral("summaryData"), sections.summary},
+        {QStringLiteral("brandingData"), sections.branding},
+        {QStringLiteral("colorData"), sections.colors},
+        {QStringLiteral("headerData"), headerRows()},
+        {QStringLiteral("data"), metrics.toDataObject()},
+        {QStringLiteral("metricData"), metrics.toMetricDataObject()},
+    };
+}
+
+QByteArray renderReport(ReportOutputKind kind, const MetricStore& metrics,
+                        const ReportSections& sections)
+{
+    const QJsonObject document = makeReportDocument(metrics, sections);
+    switch (kind) {
+    case ReportOutputKind::Json:
+        return QJsonDocument(document).toJson();
+    case ReportOutputKind::DynamicHtml:
+        return renderPage(document);
+    case ReportOutputKind::Text:
+    case ReportOutputKind::Csv:
+        break;
+    }
+    return renderText(kind, document);
+}
+
+} // namespace vantrel

@@ -1,0 +1,81 @@
+#include "render/script_interpreter.h"
+
+#include "render/resources.h"
+
+#include <QFile>
+
+namespace corvane {
+
+namespace {
+
+QString resourceText(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString describe(const QJSValue& error)
+{
+    const QString message = error.property(QStringLiteral("message")).toString();
+    return error.isObject() && !message.isEmpty() ? message : error.toString();
+}
+
+} // namespace
+
+bool ScriptInterpreter::start(QString* error)
+{
+    engine.installExtensions(QJSEngine::ConsoleExtension);
+    vantrel::resourceRoot();
+    host = engine.evaluate(resourceText(QStringLiteral(":/vantrel/interpreter/prelude.js")),
+                           QStringLiteral("prelude.js"));
+    if (host.isError()) {
+        *error = describe(host);
+        return false;
+    }
+    for (const char* file : scriptFiles) {
+        if (!run(resourceText(vantrel::resourcePath(QLatin1String(file))), error))
+            return false;
+    }
+    return true;
+}
+
+bool ScriptInterpreter::run(const QString& script, QString* message)
+{
+    // What a script throws comes back as its result, and the prelude's stand-in for Error isn't an
+    // error to the interpreter; so the last value of a script that runs to its end tells.
+    const QString completed = QStringLiteral("script completed");
+    const QJSValue result = engine.evaluate(script + QLatin1String("\n;'") + completed + u'\'');
+    if (result.isString() && result.toString() == completed)
+        return true;
+    *message = describe(result);
+    return false;
+}
+
+bool ScriptInterpreter::registerPartial(const QString& name, const QString& format,
+                                        const QString& text, QString* message)
+{
+    call("registerPartial", {name, format, text}, message);
+    return message->isNull();
+}
+
+QString ScriptInterpreter::render(const QString& templateName, const QString& format,
+                                  const QString& json, QString* message)
+{
+    return call("render", {templateName, format, json}, message);
+}
+
+QString ScriptInterpreter::call(const char* function, const QJSValueList& arguments,
+                                QString* message)
+{
+    const QJSValue result = host.property(QLatin1String(function)).call(arguments);
+    if (result.isError()) {
+        *message = describe(result);
+        return QString();
+    }
+    const QJSValue failure = result.property(QStringLiteral("failure"));
+    if (!failure.isUndefined())
+        *message = failure.toString() + QLatin1String("");
+    return result.property(QStringLiteral("text")).toString();
+}
+
+} // namespace corvane
