@@ -74,12 +74,14 @@ int CustomReport::handleException(const char* context)
     return VANTREL_EXCEPTION;
 }
 
-bool CustomReport::isValidUtf8(const char* text)
+bool CustomReport::isValidUtf8(const char* text, QString* decoded)
 {
     static QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
     QTextCodec::ConverterState state;
     const int length = text ? int(std::strlen(text)) : 0;
-    codec->toUnicode(text, length, &state);
+    const QString unicode = codec->toUnicode(text, length, &state);
+    if (decoded)
+        *decoded = unicode;
     return state.invalidChars < 1 && state.remainingChars < 1;
 }
 

@@ -35,7 +35,8 @@ public:
     /// @}
 
     /// Whether the text is UTF-8 to its end. A null pointer counts as an empty text.
-    static bool isValidUtf8(const char* text);
+    /// @param decoded may be null
+    static bool isValidUtf8(const char* text, QString* decoded = nullptr);
 
     /// @name Values
     /// @{

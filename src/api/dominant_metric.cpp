@@ -7,11 +7,12 @@ using namespace report;
 
 int CustomReport::setDominantMetricFromCaller(const char* metricId)
 {
-    if (!isValidUtf8(metricId)) {
+    QString id;
+    if (!isValidUtf8(metricId, &id)) {
         setError("invalid UTF-8 sequence found in metric name");
         return VANTREL_INVALID_TEXT;
     }
-    return setDominantMetric(QString::fromUtf8(metricId));
+    return setDominantMetric(id);
 }
 
 int CustomReport::setDominantMetric(const QString& id)

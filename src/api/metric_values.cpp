@@ -91,11 +91,11 @@ int CustomReport::setDefaults()
 
 int CustomReport::setValueFromCaller(const char* metricId, const QVariant& value)
 {
-    if (!isValidUtf8(metricId)) {
+    QString id;
+    if (!isValidUtf8(metricId, &id)) {
         setError("invalid UTF-8 sequence found in metric name");
         return VANTREL_INVALID_TEXT;
     }
-    QString id = QString::fromUtf8(metricId);
     // An id of the definition is that of a metric of its own, whatever type it is declared with;
     // any other id is a full key already.
     if (!applicationDetailIds().contains(id) && hasMetric(id)) {
@@ -121,21 +121,22 @@ int CustomReport::setStringFromCaller(const char* metricId, const char* value)
 int CustomReport::setMetricValue(const QString& id, const QVariant& value,
                                  UnknownMetricPolicy policy)
 {
-    if (!metrics.hasDefinition(id)) {
+    const MetricDefinition* definition = metrics.findDefinition(id);
+    if (!definition) {
         if (policy == RejectUnknown) {
             setError("unknown metric: \"%s\"", id.toUtf8().constData());
             return VANTREL_UNKNOWN_METRIC;
         }
-        MetricDefinition definition;
-        definition.id = id;
-        definition.valuePath = id;
-        definition.type = inferMetricType(value);
-        metrics.addDefinition(definition);
+        MetricDefinition inferred;
+        inferred.id = id;
+        inferred.valuePath = id;
+        inferred.type = inferMetricType(value);
+        metrics.addDefinition(inferred);
+        definition = metrics.findDefinition(id);
     }
-    const MetricType type = metrics.definition(id).type;
-    if (!isValueOfType(type, value)) {
+    if (!isValueOfType(definition->type, value)) {
         setError("expected type \"%s\" for metric \"%s\"",
-                 metricTypeName(type).toUtf8().constData(), id.toUtf8().constData());
+                 metricTypeName(definition->type).toUtf8().constData(), id.toUtf8().constData());
         return VANTREL_WRONG_TYPE;
     }
     if (id == QLatin1String(ids::applicationDetailsProcessesPlain) && value.toInt() < 1) {
@@ -151,7 +152,7 @@ int CustomReport::setMetricValue(const QString& id, const QVariant& value,
                  value.toString().toUtf8().constData());
         return VANTREL_INVALID_COUNT;
     }
-    metrics.setValue(id, value);
+    metrics.setValueOf(*definition, value);
     return VANTREL_OK;
 }
 

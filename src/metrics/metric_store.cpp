@@ -19,21 +19,31 @@ void MetricStore::addDefinitions(const QList<MetricDefinition>& list)
         addDefinition(definition);
 }
 
+const MetricDefinition* MetricStore::findDefinition(const QString& id) const
+{
+    const auto found = definitions.constFind(id);
+    return found == definitions.constEnd() ? nullptr : &*found;
+}
+
+void MetricStore::setValueOf(const MetricDefinition& definition, const QVariant& value)
+{
+    values.insert(definition.id, value);
+}
+
 bool MetricStore::setValue(const QString& id, const QVariant& value)
 {
-    if (!hasDefinition(id))
-        return false;
-    values.insert(id, value);
-    return true;
+    const MetricDefinition* definition = findDefinition(id);
+    if (definition)
+        setValueOf(*definition, value);
+    return definition != nullptr;
 }
 
 bool MetricStore::setDefaultValue(const QString& id)
 {
-    const auto found = definitions.constFind(id);
-    if (found == definitions.constEnd())
-        return false;
-    values.insert(id, defaultValueFor(found->type));
-    return true;
+    const MetricDefinition* definition = findDefinition(id);
+    if (definition)
+        setValueOf(*definition, defaultValueFor(definition->type));
+    return definition != nullptr;
 }
 
 bool MetricStore::setUnits(const QString& id, const QString& units)

@@ -33,6 +33,8 @@ public:
     bool hasValue(const QString& id) const { return values.contains(id); }
     /// The definition of @p id, or the all-null one.
     MetricDefinition definition(const QString& id) const { return definitions.value(id); }
+    /// The store's own record, or null. Valid until the definitions change.
+    const MetricDefinition* findDefinition(const QString& id) const;
     /// The value of @p id, or an invalid variant.
     QVariant value(const QString& id) const { return values.value(id); }
 
@@ -47,6 +49,8 @@ public:
     bool setValue(const QString& id, const QVariant& value);
     bool setDefaultValue(const QString& id);
     bool setUnits(const QString& id, const QString& units);
+    /// Sets the value of a metric that findDefinition() has found.
+    void setValueOf(const MetricDefinition& definition, const QVariant& value);
 
     /// True if each declared metric has a value. Appends the ids of those that have none to
     /// @p missing, which may be null.

@@ -1,0 +1,21 @@
+/* Turns the figures of all processes into the metrics of heat-report.xml and writes the page. */
+#ifndef HEAT_REPORT_H
+#define HEAT_REPORT_H
+
+#include "measure.h"
+
+#include <time.h>
+
+struct report_run {
+    int processes;
+    int nodes;
+    char** argv; /* the command line, up to a null pointer */
+    time_t start;
+    char const* notes;
+    struct measure_figures const* figures; /* one a process, by rank */
+};
+
+/* Gives 0, or -1 after telling on the standard error output what failed. */
+int report_write(struct report_run const* run, char const* path);
+
+#endif
