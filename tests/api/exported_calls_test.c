@@ -1,0 +1,320 @@
+/* The exported calls as a C program sees them, through the shared library. */
+#include "vantrel.h"
+
+#include <dirent.h>
+#include <locale.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+static int failures = 0;
+
+#define CHECK(condition)                                                                           \
+    do {                                                                                           \
+        if (!(condition)) {                                                                        \
+            fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition);                        \
+            ++failures;                                                                            \
+        }                                                                                          \
+    } while (0)
+
+static char const definition[] =
+    "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"C\">"
+    "<reportMetrics>"
+    "<reportMetric id=\"speed\" displayName=\"Speed\" units=\"m/s\"/>"
+    "<reportMetric id=\"load\" displayName=\"Load\" units=\"%\"/>"
+    "<reportMetric id=\"text\" displayName=\"Text\" type=\"string\"/>"
+    "</reportMetrics>"
+    "<summary><heading>C</heading><entry id=\"a\" reportMetric=\"speed\"/>"
+    "<entry id=\"b\" reportMetric=\"load\"/><entry id=\"c\" reportMetric=\"load\"/></summary>"
+    "<subsections><subsection id=\"s\" heading=\"S\"><entry reportMetric=\"speed\"/></subsection>"
+    "<subsection id=\"closed\" heading=\"Z\" maxAdviceStrings=\"0\"/></subsections></report>";
+
+static int same(char const* text, char const* expected)
+{
+    if (text && expected && strcmp(text, expected) == 0)
+        return 1;
+    if (!text && !expected)
+        return 1;
+    fprintf(stderr, "got:  %s\n", text ? text : "(null)");
+    return 0;
+}
+
+static vantrel* create(void)
+{
+    vantrel* report = vantrel_create(definition);
+    CHECK(report && vantrel_has_error(report) == 0);
+    CHECK(vantrel_error_message(report) == NULL);
+    return report;
+}
+
+/* One failing call each, on a report of its own. */
+struct failing_call {
+    int (*call)(vantrel* report);
+    int code;
+    char const* message;
+};
+
+static int unknown_metric(vantrel* r)
+{
+    return vantrel_set_value_double(r, "nosuch", 1);
+}
+static int null_metric(vantrel* r)
+{
+    return vantrel_set_value_double(r, NULL, 1);
+}
+static int int_for_custom(vantrel* r)
+{
+    return vantrel_set_value_int(r, "speed", 1);
+}
+static int string_for_custom(vantrel* r)
+{
+    return vantrel_set_value_string(r, "speed", "1");
+}
+static int double_for_string(vantrel* r)
+{
+    return vantrel_set_value_double(r, "text", 1);
+}
+static int double_for_int(vantrel* r)
+{
+    return vantrel_set_value_double(r, CORVANE_APPLICATION_DETAIL_NUM_NODES, 1);
+}
+static int no_processes(vantrel* r)
+{
+    return vantrel_set_value_int(r, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 0);
+}
+static int negative_nodes(vantrel* r)
+{
+    return vantrel_set_value_int(r, CORVANE_APPLICATION_DETAIL_NUM_NODES, -1);
+}
+static int lone_byte(vantrel* r)
+{
+    return vantrel_set_value_double(r, "a\x80", 1);
+}
+static int cut_sequence(vantrel* r)
+{
+    return vantrel_set_value_int(r, "a\xe2\x82", 1);
+}
+static int null_value(vantrel* r)
+{
+    return vantrel_set_value_string(r, "\xff", NULL);
+}
+static int bad_value(vantrel* r)
+{
+    return vantrel_set_value_string(r, "nosuch", "\xc3");
+}
+static int bad_dominant(vantrel* r)
+{
+    return vantrel_set_dominant_metric(r, "nosuch");
+}
+static int bad_dominant_text(vantrel* r)
+{
+    return vantrel_set_dominant_metric(r, "\xff");
+}
+static int null_advice(vantrel* r)
+{
+    return vantrel_set_dominant_metric_advice(r, NULL);
+}
+static int bad_advice(vantrel* r)
+{
+    return vantrel_set_dominant_metric_advice(r, "\xff");
+}
+static int null_entry_advice(vantrel* r)
+{
+    return vantrel_set_summary_entry_advice(r, "x", NULL);
+}
+static int entry_advice(vantrel* r)
+{
+    return vantrel_set_summary_entry_advice(r, "x", "y");
+}
+static int null_section_advice(vantrel* r)
+{
+    return vantrel_set_section_advice(r, "\xff", NULL);
+}
+static int section_bad_id(vantrel* r)
+{
+    return vantrel_set_section_advice(r, "\xff", "y");
+}
+static int section_advice(vantrel* r)
+{
+    return vantrel_set_section_advice(r, "x", "y");
+}
+static int closed_section(vantrel* r)
+{
+    return vantrel_set_section_advice(r, "closed", "y");
+}
+static int write_unset(vantrel* r)
+{
+    static char* page;
+    return vantrel_write_html(r, &page);
+}
+
+static struct failing_call const failing_calls[] = {
+    {unknown_metric, VANTREL_UNKNOWN_METRIC, "unknown metric: \"nosuch\""},
+    {null_metric, VANTREL_UNKNOWN_METRIC, "unknown metric: \"\""},
+    {int_for_custom, VANTREL_WRONG_TYPE,
+     "attempt to set the value for metric \"speed\" to a \"int\". All user-defined metrics are of "
+     "type \"double\" and must be set with vantrel_set_value_double(report,metricId,value)."},
+    {string_for_custom, VANTREL_WRONG_TYPE,
+     "attempt to set the value for metric \"speed\" to a \"QString\". All user-defined metrics are "
+     "of type \"double\" and must be set with vantrel_set_value_double(report,metricId,value)."},
+    {double_for_string, VANTREL_WRONG_TYPE,
+     "expected type \"String\" for metric \"custom.report.metric.text\""},
+    {double_for_int, VANTREL_WRONG_TYPE,
+     "expected type \"Integer\" for metric \"applicationDetails.nodes.plain\""},
+    {no_processes, VANTREL_INVALID_COUNT,
+     "0 is an invalid value for metric CORVANE_APPLICATION_DETAIL_NUM_PROCESSES. Value must be >= "
+     "1."},
+    {negative_nodes, VANTREL_INVALID_COUNT,
+     "-1 is an invalid value for metric CORVANE_APPLICATION_DETAIL_NUM_NODES. Value must be >= 1."},
+    {lone_byte, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in metric name"},
+    {cut_sequence, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in metric name"},
+    {null_value, VANTREL_NULL_STRING, "null metric value found"},
+    {bad_value, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in metric value"},
+    {bad_dominant, VANTREL_UNKNOWN_METRIC, "metric \"nosuch\" not recognised"},
+    {bad_dominant_text, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in metric name"},
+    {null_advice, VANTREL_NULL_STRING,
+     "null advice string found when setting dominant metric advice"},
+    {bad_advice, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in advice string"},
+    {null_entry_advice, VANTREL_NULL_STRING,
+     "null advice string found when trying to set summary entry advice"},
+    {entry_advice, VANTREL_UNKNOWN_SUMMARY_ENTRY, "no summary entry found with ID: \"x\""},
+    {null_section_advice, VANTREL_NULL_STRING,
+     "null advice string found when setting section advice"},
+    {section_bad_id, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in section ID"},
+    {section_advice, VANTREL_UNKNOWN_SECTION, "subsection with ID \"x\" was not found"},
+    {closed_section, VANTREL_INVALID_ADVICE_NUMBER,
+     "bad advice string number (1) for subsection with ID \"closed\".Expected number in range "
+     "1..0"},
+    {write_unset, VANTREL_MISSING_VALUE,
+     "No value has been set for metric CORVANE_APPLICATION_DETAIL_NUM_PROCESSES"},
+};
+
+static void check_failing_calls(void)
+{
+    size_t i;
+    for (i = 0; i < sizeof failing_calls / sizeof *failing_calls; ++i) {
+        struct failing_call const* row = &failing_calls[i];
+        vantrel* report = create();
+        int const code = row->call(report);
+        if (code != row->code)
+            fprintf(stderr, "call %u gave %d for %s\n", (unsigned)i, code, row->message);
+        CHECK(code == row->code);
+        CHECK(same(vantrel_error_message(report), row->message));
+        CHECK(vantrel_has_error(report) == 1);
+        /* The latch: the next failure leaves the first message. */
+        CHECK(vantrel_set_value_double(report, "other", 1) == VANTREL_REPORT_IN_ERROR);
+        CHECK(vantrel_write_html(report, NULL) == VANTREL_REPORT_IN_ERROR);
+        CHECK(same(vantrel_error_message(report), row->message));
+        vantrel_free(report);
+    }
+}
+
+static void check_null_handle(void)
+{
+    char* page = NULL;
+    vantrel_free(NULL);
+    CHECK(vantrel_has_error(NULL) == 1);
+    CHECK(same(vantrel_error_message(NULL),
+               "vantrel pointer null, this can be caused by a memory allocation failure inside of "
+               "vantrel_create, or by forgetting to call it altogether!"));
+    CHECK(vantrel_set_value_double(NULL, NULL, 1) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_value_int(NULL, NULL, 1) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_value_string(NULL, NULL, "x") == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_dominant_metric(NULL, NULL) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_dominant_metric_advice(NULL, NULL) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_summary_entry_advice(NULL, NULL, NULL) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_set_section_advice(NULL, NULL, NULL) == VANTREL_NULL_HANDLE);
+    CHECK(vantrel_write_html(NULL, &page) == VANTREL_NULL_HANDLE);
+}
+
+static void check_create(void)
+{
+    vantrel* report = vantrel_create(NULL);
+    CHECK(same(vantrel_error_message(report), "xml layout buffer pointer is null"));
+    vantrel_free(report);
+    report = vantrel_create("<other name=\"n\"/>");
+    CHECK(report && vantrel_has_error(report) == 1);
+    vantrel_free(report);
+}
+
+static void check_page(void)
+{
+    vantrel* report = create();
+    char untouched;
+    char* page = &untouched;
+    char* again = NULL;
+    CHECK(vantrel_set_value_double(report, "speed", 3.5) == VANTREL_OK);
+    CHECK(vantrel_set_value_double(report, "custom.report.metric.load", 50) == VANTREL_OK);
+    CHECK(vantrel_set_value_string(report, "custom.report.metric.text", "t") == VANTREL_OK);
+    CHECK(vantrel_set_value_string(report, CORVANE_APPLICATION_DETAIL_EXE_NAME, "a<b") == 0);
+    CHECK(vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_NODES, 0) == VANTREL_OK);
+    CHECK(vantrel_write_html(report, NULL) == VANTREL_NULL_OUTPUT);
+    CHECK(vantrel_has_error(report) == 0);
+    CHECK(vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 2) == 0);
+    CHECK(vantrel_set_dominant_metric(report, "load") == VANTREL_OK);
+    CHECK(vantrel_set_dominant_metric_advice(report, "<b>so</b>") == VANTREL_OK);
+    CHECK(vantrel_set_summary_entry_advice(report, "a", "so") == VANTREL_OK);
+    CHECK(vantrel_set_section_advice(report, "s", "so") == VANTREL_OK);
+    CHECK(vantrel_write_html(report, &page) == VANTREL_OK && page != &untouched);
+    CHECK(vantrel_write_html(report, &again) == VANTREL_OK && again != page);
+    if (failures == 0) {
+        size_t const size = (size_t)(strstr(page, "</html>") - page) + strlen("</html>");
+        CHECK(memcmp(page, again, size) == 0);
+        page[size - 1] = '\0';
+        CHECK(strstr(page, "custom.report.metric.load") != NULL);
+        CHECK(strstr(page, "a\\u003cb") != NULL);
+        free(page);
+        free(again);
+    }
+    vantrel_free(report);
+}
+
+static void check_identity(void)
+{
+    static char const begin[] = "Corvane Custom Vantrel library\n    API version      : 1\n"
+                                "    Software version : 7.0.6\n    Build ID         : ";
+    char const* text = vantrel_library_id_string();
+    unsigned long build = 0;
+    int end = 0;
+    CHECK(text == vantrel_library_id_string());
+    CHECK(strncmp(text, begin, strlen(begin)) == 0);
+    CHECK(sscanf(text + strlen(begin), "%12lx\n    Build platform   : %*s %*s %*s%n", &build,
+                 &end) == 1);
+    CHECK(same(text + strlen(begin) + end, "\n"));
+}
+
+static int count_entries(char const* path)
+{
+    int count = 0;
+    DIR* folder = opendir(path);
+    while (readdir(folder))
+        ++count;
+    closedir(folder);
+    return count;
+}
+
+/* What the library leaves behind in the process: no thread and, after the first report, no file. */
+static void check_traces(void)
+{
+    int const files = count_entries("/proc/self/fd");
+    int const threads = count_entries("/proc/self/task");
+    check_page();
+    check_create();
+    CHECK(count_entries("/proc/self/fd") == files);
+    CHECK(count_entries("/proc/self/task") == threads);
+    CHECK(threads == 3); /* ".", ".." and the one that runs this */
+}
+
+int main(void)
+{
+    /* The host's locale must survive the making of the application object. */
+    char const* locale = setlocale(LC_ALL, "C");
+    check_identity();
+    check_create();
+    CHECK(same(setlocale(LC_ALL, NULL), locale));
+    check_null_handle();
+    check_failing_calls();
+    check_page();
+    check_traces();
+    return failures == 0 ? 0 : 1;
+}

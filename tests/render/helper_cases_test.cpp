@@ -1,0 +1,96 @@
+// Runs the table of helper cases in the interpreter. The browser runs the same table.
+#include "render/resources.h"
+#include "render/script_interpreter.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "qt_printing.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Makes rendering a "template" mean running a row of the table.
+constexpr char runRows[] = R"js(
+    ReportEngine.render = function (name, format, row) {
+        var engine = ReportEngine.create();
+        corvane.idCounters = {};
+        engine.registerHelpers({all: vantrel.templateHelpers});
+        (row.partials || []).forEach(function (partial) {
+            engine.registerPartial(partial.name, partial.format, partial.text);
+        });
+        engine.registerPartial('case', row.format, row.template);
+        return engine.render('case', row.format, row.data);
+    };
+)js";
+
+TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
+{
+    const QJsonArray rows =
+        QJsonDocument::fromJson(
+            readAll(QStringLiteral(TEST_SOURCE_DIR "/page/helper_cases.json")))
+            .array();
+    ASSERT_GT(rows.size(), 50);
+    corvane::ScriptInterpreter interpreter;
+    QString message;
+    ASSERT_TRUE(interpreter.start(&message)) << qPrintable(message);
+    const QByteArray helpers = readAll(vantrel::resourcePath(QStringLiteral("vantrel.js")));
+    ASSERT_TRUE(interpreter.run(QString::fromUtf8(helpers), &message)) << qPrintable(message);
+    ASSERT_TRUE(interpreter.run(QLatin1String(runRows), &message)) << qPrintable(message);
+
+    for (const QJsonValue& value : rows) {
+        const QJsonObject row = value.toObject();
+        SCOPED_TRACE(qPrintable(row.value(QStringLiteral("name")).toString()));
+        QString error;
+        const QString text =
+            interpreter.render(QString(), QString(),
+                               QString::fromUtf8(QJsonDocument(row).toJson()), &error);
+        if (row.contains(QStringLiteral("error"))) {
+            const QString expected = row.value(QStringLiteral("error")).toString();
+            EXPECT_TRUE(error.contains(expected)) << qPrintable(error + u' ' + text);
+        } else {
+            EXPECT_TRUE(error.isNull()) << qPrintable(error);
+            EXPECT_EQ(text, row.value(QStringLiteral("expected")).toString());
+        }
+    }
+}
+
+TEST(ScriptInterpreter, TellsWhyAScriptOrATemplateFails)
+{
+    corvane::ScriptInterpreter interpreter;
+    QString message;
+    ASSERT_TRUE(interpreter.start(&message));
+    const std::pair<const char*, const char*> scripts[] = {
+        {"syntax error here", "Expected token"},
+        {"throw new Error('out of cheese')", "out of cheese"},
+        {"throw 'a plain text'", "a plain text"},
+        {"undefinedFunction()", "undefinedFunction is not defined"},
+    };
+    for (const auto& [script, words] : scripts) {
+        message.clear();
+        EXPECT_FALSE(interpreter.run(QLatin1String(script), &message)) << script;
+        EXPECT_TRUE(message.contains(QLatin1String(words))) << qPrintable(message);
+    }
+    message = QString();
+    EXPECT_FALSE(interpreter.registerPartial(QStringLiteral("p"), QStringLiteral("html"),
+                                             QStringLiteral("{{#if x}}{{/each}}"), &message));
+    EXPECT_TRUE(message.contains(QLatin1String("if doesn't match each"))) << qPrintable(message);
+    message = QString();
+    interpreter.registerPartial(QStringLiteral("q"), QStringLiteral("html"),
+                                QStringLiteral("{{> nosuch}}"), &message);
+    ASSERT_TRUE(message.isNull());
+    interpreter.render(QStringLiteral("q"), QStringLiteral("html"), QStringLiteral("{}"), &message);
+    EXPECT_TRUE(message.contains(QLatin1String("The partial nosuch could not be found")))
+        << qPrintable(message);
+}
+
+} // namespace

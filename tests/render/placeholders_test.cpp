@@ -1,0 +1,105 @@
+#include "render/placeholders.h"
+
+#include "qt_printing.h"
+
+#include <gtest/gtest.h>
+
+namespace vantrel {
+
+using namespace report;
+
+namespace {
+
+ReportDefinition makeDefinition()
+{
+    ReportMetric speed;
+    speed.id = "speed";
+    ReportMetric builtinLike;
+    builtinLike.id = "corvane.appDetails.exeName";
+    ReportMetric family;
+    family.id = "cpu.share";
+    family.corvaneMetricVersion = 2;
+    ReportDefinition definition;
+    definition.setName("Test 100%1");
+    definition.setUrl(QUrl("file:///a%20b.xml"));
+    definition.setMetrics({speed, builtinLike, family});
+    return definition;
+}
+
+TEST(ExpandPlaceholders, ReplacesWhatItKnows)
+{
+    const QString speed =
+        "<span class=\"custom.report.metric.speed\">{{custom.report.metric.speed}}</span>";
+    const QString scaled =
+        "<span class=\"custom.report.metric.speed\">{{toPrecision (siValue (lookupMetric "
+        "\"custom.report.metric.speed\")) 3}}</span> {{siUnits (lookupMetric "
+        "\"custom.report.metric.speed\") symbol=(lookupMetricUnits "
+        "\"custom.report.metric.speed\")}}";
+    const auto bound = [](const char* type, const char* text) {
+        return QString("<span class=\"{{overview.%1}}\">{{overview.%2}}</span>").arg(type, text);
+    };
+    const std::pair<QString, QString> rows[] = {
+        {"", ""},
+        {"plain $ { } text", "plain $ { } text"},
+        {"${speed}", speed},
+        {"a ${ speed\t} b ${*speed}", "a " + speed + " b " + scaled},
+        {"${ *speed }", scaled},
+        {"$${speed}", "$" + speed},
+        {"${a${speed}}", "${a" + speed + "}"},
+        {"${speed", "${speed"},
+        {"${{speed}}", "${{speed}}"},
+        {"${cpu.share}", "<span class=\"cpu.share\">{{cpu.share}}</span>"},
+        {"${corvane.appDetails.exeName}", "{{applicationDetails.exeName}}"},
+        {"${corvane.dominant.metric.advice}", "{{{overview.advice}}}"},
+        {"${corvane.dominant.metric.bound}", bound("bound1.type", "bound1.long")},
+        {"${corvane.dominant.metric.name}", bound("bound1.type", "bound1.short")},
+        {"${corvane.dominant.metric.subsection}",
+         bound("bound1.subsectionId", "bound1.subsectionHeading")},
+        {"${corvane.secondaryDominant.metric.bound}", bound("bound2.type", "bound2.long")},
+        {"${corvane.secondaryDominant.metric.name}", bound("bound2.type", "bound2.short")},
+        {"${corvane.secondaryDominant.metric.subsection}",
+         bound("bound2.subsectionId", "bound2.subsectionHeading")},
+    };
+    for (const auto& [text, expected] : rows) {
+        QString error;
+        EXPECT_EQ(expandPlaceholders(makeDefinition(), text, &error), expected);
+        EXPECT_EQ(error, QString());
+    }
+}
+
+TEST(ExpandPlaceholders, RefusesWhatItDoesNotKnow)
+{
+    const QString message =
+        "Invalid placeholder \"${%0}\" in report:\n        Test 100%1 (file:///a b.xml)\n\n"
+        "The built-in placeholders are:\n"
+        "        ${corvane.appDetails.exeName}\n"
+        "        ${corvane.dominant.metric.advice}\n"
+        "        ${corvane.dominant.metric.bound}\n"
+        "        ${corvane.dominant.metric.name}\n"
+        "        ${corvane.dominant.metric.subsection}\n"
+        "        ${corvane.secondaryDominant.metric.bound}\n"
+        "        ${corvane.secondaryDominant.metric.name}\n"
+        "        ${corvane.secondaryDominant.metric.subsection}\n"
+        "\nYou can also reference metric values by using the metric id:\n"
+        "    ${metricId}  : the metric value\n"
+        "    ${*metricId} : the metric value and units, scaled to a suitable SI prefix\n";
+    for (const char* key : {"", "*", "*nosuch", "custom.report.metric.speed", "Speed", "%1%2"}) {
+        QString error = "an earlier one";
+        const QString text = QString("${speed} ${ %0 } ${speed}").replace("%0", key);
+        EXPECT_EQ(expandPlaceholders(makeDefinition(), text, &error), QString());
+        EXPECT_EQ(error, QString(message).replace("%0", key));
+    }
+}
+
+TEST(ExpandPlaceholders, TouchesAnEarlierErrorOnlyIfThereIsAPlaceholder)
+{
+    QString error = "earlier";
+    expandPlaceholders(makeDefinition(), "no placeholder ${ here", &error);
+    EXPECT_EQ(error, "earlier");
+    expandPlaceholders(makeDefinition(), "${speed}", &error);
+    EXPECT_EQ(error, "");
+}
+
+} // namespace
+
+} // namespace vantrel

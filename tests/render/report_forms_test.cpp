@@ -1,0 +1,153 @@
+// The four forms of one report. The text, CSV and JSON forms are held against files in golden/;
+// VANTREL_ACCEPT_GOLDENS=1 in the environment takes the new output over.
+#include "api/custom_report.h"
+#include "render/html_inliner.h"
+#include "render/report_engine.h"
+#include "render/resources.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QScopedPointer>
+
+#include "qt_printing.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+
+namespace vantrel {
+
+namespace {
+
+const QString golden = QStringLiteral(TEST_SOURCE_DIR "/render/golden/");
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class ReportForms : public testing::Test {
+protected:
+    ReportForms() : report(readFile(golden + "sample.xml").constData())
+    {
+        const std::pair<const char*, double> values[] = {
+            {"cpu.share", 51.25}, {"net.share", 0.04},   {"disk.share", 8},
+            {"idle", 99.96},      {"rate", 1.5e6},       {"memory", 3.5 * 1024 * 1024},
+            {"count", 1234},      {"raw", -0.5},
+            {"broken", std::numeric_limits<double>::infinity()}};
+        for (const auto& [id, value] : values)
+            EXPECT_EQ(report.setValueFromCaller(id, value), VANTREL_OK) << report.errorMessage();
+        report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_NAME, "sample & co");
+        report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 4);
+        report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_NUM_NODES, 1);
+        report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_TIME, 90);
+        report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_PATH, "/opt/sample");
+        report.setSubsectionAdvice("cpu", 1, "Use <b>fewer</b> cores");
+        report.setDominantMetricAdvice("Think &amp; measure");
+    }
+
+    QByteArray generate(ReportOutputKind kind)
+    {
+        QByteArray bytes;
+        EXPECT_EQ(report.generateReport(&bytes, kind), VANTREL_OK) << report.errorMessage();
+        return bytes;
+    }
+
+    void compare(ReportOutputKind kind, const char* name)
+    {
+        const QByteArray bytes = generate(kind);
+        const QString path = golden + QLatin1String(name);
+        if (qEnvironmentVariableIsSet("VANTREL_ACCEPT_GOLDENS")) {
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(bytes);
+        }
+        EXPECT_EQ(bytes, readFile(path));
+    }
+
+    CustomReport report;
+};
+
+TEST_F(ReportForms, TextIsAsAccepted)
+{
+    compare(ReportOutputKind::Text, "sample.txt");
+}
+
+TEST_F(ReportForms, CsvIsAsAccepted)
+{
+    compare(ReportOutputKind::Csv, "sample.csv");
+}
+
+TEST_F(ReportForms, JsonIsAsAccepted)
+{
+    // The images of the logos would fill the file, and the header's rows are a resource.
+    QJsonObject document = QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
+    EXPECT_EQ(document.keys(),
+              QStringList({"brandingData", "colorData", "data", "headerData", "metricData",
+                           "subsections", "summaryData"}));
+    document.remove("brandingData");
+    document.remove("headerData");
+    const QJsonObject expected = QJsonDocument::fromJson(readFile(golden + "sample.json")).object();
+    if (qEnvironmentVariableIsSet("VANTREL_ACCEPT_GOLDENS")) {
+        QFile file(golden + "sample.json");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QJsonDocument(document).toJson());
+    }
+    EXPECT_EQ(document, expected) << QJsonDocument(document).toJson().constData();
+}
+
+TEST_F(ReportForms, PageIsTheEnginesPageWithItsResourcesInline)
+{
+    corvane::ReportEngine engine;
+    QString error;
+    // The order of loading, with the form that each template is loaded in.
+    const std::pair<const char*, int> partials[] = {
+        {"html_template.html", 1},        {"csv_template.txt", 2},
+        {"applicationDetailsTemplate.html", 1}, {"headerMemoryTemplate.html", 1},
+        {"headerResourcesTemplate.html", 1},    {"headerTasksTemplate.html", 1},
+        {"headerTimeTemplate.html", 1},   {"logoTemplate.html", 1},
+        {"subsectionsTemplate.html", 1},  {"summaryTemplate.html", 1},
+        {"titleTemplate.html", 1},        {"headerResourcesTemplate.txt", 2},
+        {"text_header.txt", 2},           {"text_subsections.txt", 2},
+        {"text_summary.txt", 2},          {"text_template.txt", 2}};
+    for (const auto& [name, format] : partials) {
+        QFile file(resourcePath(QLatin1String(name)));
+        ASSERT_TRUE(engine.loadPartialFromFile(QString(name).section('.', 0, 0), file,
+                                               corvane::ReportFormat::value_type(format), &error))
+            << qPrintable(error);
+    }
+    QFile script(resourcePath("vantrel.js"));
+    ASSERT_TRUE(engine.loadJavaScriptFromFile(script, &error)) << qPrintable(error);
+    engine.loadAdditionalHeadContent(QString::fromUtf8(readFile(resourcePath("header.html"))));
+    const QJsonObject document =
+        QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
+    const QString page = engine.renderDynamicHtml(document, "html_template", &error);
+    EXPECT_TRUE(error.isEmpty());
+    EXPECT_TRUE(generate(ReportOutputKind::DynamicHtml) ==
+                inlineHtmlResources(page, resourceRoot()).toUtf8());
+}
+
+TEST_F(ReportForms, PageIsCompleteAndTheSameEachTime)
+{
+    const QByteArray page = generate(ReportOutputKind::DynamicHtml);
+    EXPECT_EQ(page, generate(ReportOutputKind::DynamicHtml));
+    EXPECT_TRUE(page.startsWith("<!DOCTYPE html>"));
+    EXPECT_TRUE(page.endsWith("</html>"));
+    EXPECT_EQ(page.count("</html>"), 1);
+    const QString text = QString::fromUtf8(page);
+    for (const char* pattern : {"<script[^>]*\\ssrc=", "<link\\b", "@import", "url\\(\\s*['\"]?http"})
+        EXPECT_FALSE(text.contains(QRegularExpression(pattern))) << pattern;
+}
+
+TEST_F(ReportForms, KindOutsideTheTableGivesAWarningAndNothingElse)
+{
+    EXPECT_EQ(generate(ReportOutputKind(9)), QByteArray());
+}
+
+} // namespace
+
+} // namespace vantrel
