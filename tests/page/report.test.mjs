@@ -1,0 +1,210 @@
+// The finished page in headless Chromium: what it shows, computes and does.
+import assert from 'node:assert/strict';
+import { readFile } from 'node:fs/promises';
+import { createRequire } from 'node:module';
+import { join } from 'node:path';
+import { after, before, describe, test } from 'node:test';
+import { pathToFileURL } from 'node:url';
+import { launchBrowser } from './browser.mjs';
+
+const folder = process.env.VANTREL_PAGES;
+const axeSource = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
+
+let browser;
+before(async () => { browser = await launchBrowser(); });
+after(() => browser?.close());
+
+// Opens a page and notes what it asks for and complains of. Remote logos can't be had here.
+async function open(name, options = {}) {
+    const page = await browser.newPage(options);
+    page.requests = [];
+    page.problems = [];
+    page.on('pageerror', (error) => page.problems.push(error.message));
+    page.on('dialog', (dialog) => { page.problems.push('dialog'); dialog.dismiss(); });
+    await page.route('**/*', (route) => {
+        const url = route.request().url();
+        if (/^(file|data):/.test(url)) {
+            return route.continue();
+        }
+        page.requests.push(url);
+        return route.abort();
+    });
+    await page.goto(pathToFileURL(join(folder, name)).href, { waitUntil: 'load' });
+    return page;
+}
+
+function texts(page, selector) {
+    return page.$$eval(selector, (all) => all.map((one) => one.innerText.replace(/\s+/g, ' ').trim()));
+}
+
+function color(page, selector, property = 'color') {
+    return page.$eval(selector, (one, name) => getComputedStyle(one)[name], property);
+}
+
+describe('a typical page', () => {
+    let page;
+    before(async () => { page = await open('typical.html'); });
+
+    test('asks for nothing but the logo and has no errors', async () => {
+        assert.deepEqual(page.requests, ['https://www.corvane.example/downloads/vantrel-logo-50.png']);
+        assert.deepEqual(page.problems, []);
+        assert.match(await page.$eval('#logo img', (image) => image.src), /^data:image\/png;base64,/);
+        assert.equal(await page.title(), 'typical - Vantrel');
+    });
+
+    test('shows the header rows that have a value', async () => {
+        assert.deepEqual(await texts(page, '#applicationDetails tr'),
+            ['Executable: typical', 'Tasks: 16 processes', 'Total time: 0 seconds']);
+    });
+
+    test('shows the visible summary rows with percentage, bar and colour', async () => {
+        assert.deepEqual(await texts(page, '#summary h2'), ['Compute', 'Network', 'Storage', 'No colour']);
+        assert.deepEqual(await texts(page, '#summary td.percent'), ['60.0%', '30.0%', '10.0%', '0.0%']);
+        const widths = await page.$$eval('#summary .bar > div', (bars) => bars.map((bar) => bar.style.width));
+        assert.deepEqual(widths, ['60.04%', '30%', '9.96%', '0%']);
+        assert.equal(await color(page, '#summary-entry-compute h2'), 'rgb(46, 125, 50)');
+        assert.equal(await color(page, '#summary-entry-storage .bar > div', 'backgroundColor'),
+            await color(page, '#summary-entry-storage h2'));
+        assert.equal(await color(page, '#summary-entry-nocolour h2'), 'rgb(0, 0, 0)');
+    });
+
+    test('shows the sections two to a line', async () => {
+        assert.deepEqual(await texts(page, '.subsection > h2'), ['First', 'Second', 'Third']);
+        const boxes = await page.$$eval('.subsection', (all) =>
+            all.map((one) => one.getBoundingClientRect()).map(({ left, top, width }) => ({ left, top, width })));
+        assert.equal(boxes[0].top, boxes[1].top);
+        assert.ok(boxes[1].left >= boxes[0].left + boxes[0].width - 1);
+        assert.ok(boxes[2].top > boxes[0].top);
+        assert.equal(boxes[2].left, boxes[0].left);
+        assert.deepEqual(boxes.map((box) => box.width), [494, 494, 494]);
+        assert.equal(await page.$$eval('#subsections .clear', (all) => all.length), 2);
+    });
+
+    test('scales numbers, groups bars and colours entries of their own', async () => {
+        const rows = await texts(page, '.subsection:nth-of-type(2) .metric_chart_table tr:not(.spacer) td:nth-child(2)');
+        assert.deepEqual(rows.filter(Boolean), ['2.50 MB/s', '5.00 MB/s', '3.00 GiB']);
+        const barWidth = (id) => page.$eval(`#subsection-metric-${id} .bar > div[class*="custom"]`,
+            (bar) => bar.style.width);
+        assert.equal(await barWidth('readrate'), '50%');
+        assert.equal(await barWidth('writerate'), '100%');
+        assert.equal(await barWidth('memory'), '50%');
+        assert.equal(await color(page, '#subsection-metric-compute .right_cell span'), 'rgb(0, 0, 255)');
+        assert.equal(await color(page, '#subsection-first h2'), 'rgb(198, 40, 40)');
+    });
+
+    test('draws the radar chart', async () => {
+        const chart = await page.$eval('#time_radar', (box) => ({
+            svgs: box.querySelectorAll('svg').length,
+            labels: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => one.textContent.trim()),
+            fills: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => getComputedStyle(one).fill),
+            points: box.querySelector('polygon').getAttribute('points').trim().split(/\s+/)
+                .map((pair) => pair.split(',').map(Number)),
+            stroke: getComputedStyle(box.querySelector('polygon')).stroke,
+            opacity: getComputedStyle(box.querySelector('polygon')).fillOpacity,
+        }));
+        assert.equal(chart.svgs, 1);
+        assert.deepEqual(chart.labels, ['Compute', 'Net', 'Storage', 'No colour']);
+        assert.equal(chart.fills[0], 'rgb(46, 125, 50)');
+        assert.equal(chart.stroke, 'rgb(46, 125, 50)');
+        assert.equal(chart.opacity, '0.64');
+        // Four axes, the first upwards and then to the left, values against 100 on a radius of 70.
+        const expected = [[100, 100 - 0.6004 * 70], [100 - 0.3 * 70, 100], [100, 100 + 0.0996 * 70], [100, 100]];
+        const origin = [chart.points[3][0] - 100, chart.points[3][1] - 100];
+        chart.points.forEach(([x, y], i) => {
+            assert.ok(Math.abs(x - origin[0] - expected[i][0]) < 0.01, `${i}: ${x}`);
+            assert.ok(Math.abs(y - origin[1] - expected[i][1]) < 0.01, `${i}: ${y}`);
+        });
+    });
+
+    test('opens and closes details, each its own', async () => {
+        const links = page.locator('a.toggle');
+        assert.equal(await links.count(), 3);
+        const shown = () => page.$$eval('.metricDetail', (all) => all.map((one) => one.classList.contains('show')));
+        const closed = await shown();
+        assert.ok(!closed.includes(true));
+        // The second and the third are both called "Read rate".
+        for (let i = 0; i < 3; i += 1) {
+            await links.nth(i).click();
+            const open = await shown();
+            assert.equal(open.filter(Boolean).length, 1);
+            const row = await links.nth(i).evaluate((link) =>
+                link.closest('tr').nextElementSibling.querySelector('.metricDetail').classList.contains('show'));
+            assert.ok(row, `link ${i}`);
+            await links.nth(i).click();
+            assert.deepEqual(await shown(), closed);
+        }
+        assert.ok(page.url().endsWith('typical.html'));
+    });
+});
+
+test('hostile texts show as typed and nothing runs', async () => {
+    const page = await open('hostile.html');
+    const hostile = (await readFile(join(folder, 'hostile-texts.txt'), 'utf8')).split('\0').slice(0, -1);
+    const asShown = (selector) => page.$$eval(selector, (all) => all.map((one) => one.textContent.trim()));
+    assert.equal(await page.title(), `${hostile[0]}${hostile[2]} - Vantrel`);
+    assert.deepEqual(await asShown('#summary h2'), hostile);
+    assert.deepEqual(await asShown('.metric_chart_table a.toggle'), hostile);
+    assert.deepEqual(await asShown('.subsection > h2'), [hostile[0]]);
+    assert.equal(await page.$eval('#summary .heading b', (one) => one.textContent), hostile[0] + hostile[2]);
+    const details = await page.$$eval('#applicationDetails td:nth-child(2)', (all) => all.map((one) => one.textContent.trim()));
+    assert.ok(details.includes(hostile[4] + hostile[8]) && details.includes(hostile[1] + hostile[7]), String(details));
+    const links = page.locator('a.toggle');
+    for (let i = 0; i < hostile.length; i += 1) {
+        await links.nth(i).click();
+    }
+    assert.equal(await page.$$eval('.metricDetail.show', (all) => all.length), hostile.length);
+    assert.equal(await page.$eval('.metricDetail.show .inlinedDescription', (one) => one.textContent.trim()),
+        'Detail 0 <b> &amp;');
+    assert.equal(await page.evaluate(() => window.hacked), undefined);
+    assert.deepEqual(page.problems, []);
+    assert.equal(await page.$$eval('svg[onload], img[onerror*="hacked"]', (all) => all.length), 0);
+});
+
+test('three rows draw a triangle, two show the error page', async () => {
+    const three = await open('three_rows.html');
+    const points = await three.$eval('#time_radar polygon[class^="radar-chart-serie"]', (one) => one.points.length);
+    assert.equal(points, 3);
+    const two = await open('two_rows.html');
+    assert.equal(await two.$$eval('#content, #time_radar', (all) => all.length), 0);
+    assert.match(await two.$eval('body', (body) => body.innerText), /axisColors/);
+});
+
+test('values that are no numbers show as not supported and count as 0 in the chart', async () => {
+    const page = await open('non_finite.html');
+    assert.deepEqual(page.problems, []);
+    assert.deepEqual(await texts(page, '#summary td.percent'), ['25.0%']);
+    assert.deepEqual(await texts(page, '.metric_chart_table tr > td:nth-child(2)'), ['not supported %', 'not supported %', '25.0%']);
+    const points = await page.$eval('#time_radar polygon[class^="radar-chart-serie"]', (one) => one.getAttribute('points'));
+    assert.doesNotMatch(points, /NaN|Infinity/);
+});
+
+describe('the form of the page', () => {
+    for (const name of ['typical.html', 'long.html', 'hostile.html']) {
+        for (const width of [1200, 800, 380]) {
+            test(`${name} fits a window of ${width} pixels`, async () => {
+                const page = await open(name, { viewport: { width, height: 800 } });
+                const overflow = await page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
+                assert.ok(overflow <= 0, `${overflow} pixels stick out`);
+            });
+        }
+    }
+
+    for (const name of ['typical.html', 'hostile.html', 'two_rows.html']) {
+        test(`axe-core finds nothing serious in ${name}`, async () => {
+            const page = await open(name);
+            await page.addScriptTag({ path: axeSource });
+            const serious = await page.evaluate(async () => (await window.axe.run()).violations
+                .filter((one) => one.impact === 'serious' || one.impact === 'critical')
+                .map((one) => `${one.id}: ${one.nodes.map((node) => node.target).join(' ')}`));
+            assert.deepEqual(serious, []);
+        });
+    }
+
+    test('print shows all details', async () => {
+        const page = await open('typical.html');
+        await page.emulateMedia({ media: 'print' });
+        const heights = await page.$$eval('.metricDetail > div', (all) =>
+            all.filter((one) => one.textContent.trim()).map((one) => one.getBoundingClientRect().height));
+        assert.ok(heights.length >= 3 && heights.every((height) => height > 10), String(heights));
+    });
+});
