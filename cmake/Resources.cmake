@@ -49,6 +49,19 @@ add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
     DEPENDS ${handlebars_source} ${d3_source} ${htmlparser_source} ${adapter}
     VERBATIM)
 
+# Two of our own scripts are kept in several files.
+set(scripts ${CMAKE_CURRENT_SOURCE_DIR}/resources/scripts)
+set(engine_parts ${scripts}/report-text.js ${scripts}/report-templates.js
+    ${scripts}/report-helpers.js ${custom}/report-engine.js)
+set(vantrel_parts ${custom}/vantrel.js ${scripts}/vantrel-helpers.js)
+set(engine_script ${generated}/report-engine.js)
+set(vantrel_script ${generated}/vantrel.js)
+add_custom_command(OUTPUT ${engine_script} ${vantrel_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${engine_parts} > ${engine_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${vantrel_parts} > ${vantrel_script}
+    DEPENDS ${engine_parts} ${vantrel_parts}
+    VERBATIM)
+
 set(resource_files)
 set(qrc "<RCC>\n<qresource prefix=\"/vantrel/custom\">\n")
 foreach(name
@@ -57,12 +70,13 @@ foreach(name
     subsectionsTemplate.html summaryTemplate.html titleTemplate.html headerResourcesTemplate.txt
     text_header.txt text_subsections.txt text_summary.txt text_template.txt
     header-data.json header.html vantrel.css
-    vantrel.js corvane.js report-engine.js polyfill.js radar-chart.js
+    corvane.js polyfill.js radar-chart.js
     logo.png powered-by-corvane-reports.png)
     list(APPEND resource_files ${custom}/${name})
     string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
 endforeach()
-foreach(script ${handlebars_script} ${d3_script} ${htmlparser_script})
+foreach(script ${handlebars_script} ${d3_script} ${htmlparser_script} ${engine_script}
+    ${vantrel_script})
     list(APPEND resource_files ${script})
     get_filename_component(name ${script} NAME)
     string(APPEND qrc "<file alias=\"${name}\">${script}</file>\n")

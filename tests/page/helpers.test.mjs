@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
 import { after, before, describe, test } from 'node:test';
 import { launchBrowser } from './browser.mjs';
-import { readResource, readScripts } from './scripts.mjs';
+import { readScript, readScripts } from './scripts.mjs';
 
 const cases = JSON.parse(await readFile(new URL('helper_cases.json', import.meta.url), 'utf8'));
 
@@ -147,7 +147,7 @@ function polyfillRun(polyfill, expressions) {
 describe('fallbacks', () => {
     test('do what the methods of the language do', async () => {
         const fresh = await newPage();
-        const result = await fresh.evaluate(polyfillRun(await readResource('polyfill.js'), polyfillCases));
+        const result = await fresh.evaluate(polyfillRun(await readScript('polyfill.js'), polyfillCases));
         assert.deepEqual(result.missing, []);
         assert.deepEqual(result.filled, result.native);
     });

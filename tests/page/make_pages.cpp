@@ -105,7 +105,7 @@ Page makeTypical()
     page.metrics = {
         {"compute", "Compute", 60.04, "units=\"%\" colour=\"#2e7d32\" breakdownSubsection=\"s1\""},
         {"network", "Network", 30, "units=\"%\" colour=\"rgb(21,101,192)\""},
-        {"storage", "Storage", 9.96, "units=\"%\" colour=\"hsl(30,90,40)\""},
+        {"storage", "Storage", 9.96, "units=\"%\" colour=\"hsl(30,90,30)\""},
         {"plain", "No colour", 0},
         {"rate.read", "Read rate", 2.5e6, "units=\"B/s\" colour=\"#7b1fa2\""},
         {"rate.write", "Write rate", 5e6, "units=\"B/s\" colour=\"#7b1fa2\""},

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import { after, before, describe, test } from 'node:test';
 import { launchBrowser } from './browser.mjs';
-import { readResource, readScripts, readThirdParty } from './scripts.mjs';
+import { readScript, readScripts } from './scripts.mjs';
 
 let browser;
 
@@ -15,8 +15,8 @@ after(() => browser?.close());
 async function openPage(body = '') {
     const page = await browser.newPage();
     await page.setContent(`<!DOCTYPE html><html lang="en"><head><title>t</title></head><body>${body}</body></html>`);
-    await page.addScriptTag({ content: await readThirdParty('d3', 'd3.min.js') });
-    for (const content of [await readResource('radar-chart.js'), ...(await readScripts())]) {
+    await page.addScriptTag({ content: await readScript('d3.v3.min.js') });
+    for (const content of [await readScript('radar-chart.js'), ...(await readScripts())]) {
         await page.addScriptTag({ content });
     }
     return page;

@@ -1,33 +1,20 @@
-// The script layer as the page loads it, read from the resources and the installed packages.
-// VANTREL_SCRIPTS_DIR names a folder that holds the third-party scripts instead.
+// The scripts as the library has them. VANTREL_SCRIPTS names the folder in which the build puts
+// those that it makes; the others are resources as they stand.
+import { existsSync } from 'node:fs';
 import { readFile } from 'node:fs/promises';
-import { createRequire } from 'node:module';
-import { basename, dirname, join } from 'node:path';
+import { join } from 'node:path';
+import { fileURLToPath } from 'node:url';
 
-const resources = new URL('../../resources/custom/', import.meta.url);
-const require = createRequire(import.meta.url);
+const made = process.env.VANTREL_SCRIPTS;
+const resources = fileURLToPath(new URL('../../resources/custom/', import.meta.url));
 
-export function readResource(name) {
-    return readFile(new URL(name, resources), 'utf8');
+export function readScript(name) {
+    const path = join(made, name);
+    return readFile(existsSync(path) ? path : join(resources, name), 'utf8');
 }
 
-export function readThirdParty(packageName, file) {
-    const folder = process.env.VANTREL_SCRIPTS_DIR;
-    const path = folder
-        ? join(folder, basename(file))
-        : join(dirname(require.resolve(`${packageName}/package.json`)), file);
-    return readFile(path, 'utf8');
-}
-
-// In load order.
-export async function readScripts() {
-    const parser = await readThirdParty('htmlparser', 'lib/htmlparser.min.js');
-    return [
-        await readResource('polyfill.js'),
-        await readResource('corvane.js'),
-        await readThirdParty('handlebars', 'dist/handlebars.min.js'),
-        parser + (await readResource('htmlparser-builder.js')),
-        await readResource('report-engine.js'),
-        await readResource('vantrel.js'),
-    ];
+// The script layer, in load order.
+export function readScripts() {
+    return Promise.all(['polyfill.js', 'corvane.js', 'handlebars.min-v4.0.5.js', 'htmlparser.js',
+        'report-engine.js', 'vantrel.js'].map(readScript));
 }
