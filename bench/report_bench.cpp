@@ -29,8 +29,8 @@ QByteArray makeDefinition(int metrics)
         "<reportMetrics>";
     for (int i = 0; i < metrics; ++i) {
         xml += "<reportMetric id=\"" + metricId(i) + "\" displayName=\"Metric number " +
-               QByteArray::number(i) + "\" units=\"" + (i % 2 ? "%" : "B/s") +
-               "\" colour=\"hsl(" + QByteArray::number(i % 360) + ",70,50)\"/>";
+               QByteArray::number(i) + "\" units=\"" + (i % 2 ? "%" : "B/s") + "\" colour=\"hsl(" +
+               QByteArray::number(i % 360) + ",70,50)\"/>";
     }
     xml += "</reportMetrics><summary><heading>How <b>${corvane.appDetails.exeName}</b> "
            "spent its time</heading>";

@@ -1,7 +1,7 @@
 // Parses each compiled-in template, and runs each script, in the interpreter. Run by the build.
 #include "render/report_renderer.h"
-#include "render/script_interpreter.h"
 #include "render/resources.h"
+#include "render/script_interpreter.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -25,8 +25,8 @@ int main(int argc, char** argv)
         root.entryList({QStringLiteral("*emplate.*"), QStringLiteral("text_*.txt")});
     for (const QString& name : templates) {
         QFile file(root.filePath(name));
-        const QString format = name.endsWith(QLatin1String(".html")) ? QStringLiteral("html")
-                                                                      : QStringLiteral("text");
+        const QString format =
+            name.endsWith(QLatin1String(".html")) ? QStringLiteral("html") : QStringLiteral("text");
         message = QString();
         file.open(QIODevice::ReadOnly);
         if (!interpreter.registerPartial(QFileInfo(name).baseName(), format,

@@ -19,9 +19,9 @@ const char* libraryIdText()
                        "    Software version : %2\n"
                        "    Build ID         : %3\n"
                        "    Build platform   : %4 %5 %6\n")
-            .arg(QString::number(apiVersion), softwareVersion(),
-                 QStringLiteral(VANTREL_BUILD_ID), QStringLiteral(VANTREL_PLATFORM_NAME),
-                 QStringLiteral(VANTREL_PLATFORM_VERSION), QStringLiteral(VANTREL_PLATFORM_ARCH))
+            .arg(QString::number(apiVersion), softwareVersion(), QStringLiteral(VANTREL_BUILD_ID),
+                 QStringLiteral(VANTREL_PLATFORM_NAME), QStringLiteral(VANTREL_PLATFORM_VERSION),
+                 QStringLiteral(VANTREL_PLATFORM_ARCH))
             .toUtf8();
     return text.constData();
 }

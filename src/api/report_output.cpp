@@ -19,8 +19,7 @@ int CustomReport::writeHtml(char** output)
 {
     if (!output)
         return VANTREL_NULL_OUTPUT;
-    const QVariant processes =
-        metrics.value(QLatin1String(ids::applicationDetailsProcessesPlain));
+    const QVariant processes = metrics.value(QLatin1String(ids::applicationDetailsProcessesPlain));
     if (processes.isNull()) {
         setError("No value has been set for metric CORVANE_APPLICATION_DETAIL_NUM_PROCESSES");
         return VANTREL_MISSING_VALUE;
@@ -88,8 +87,7 @@ int CustomReport::checkDefinitionMetrics()
             metric.id == QLatin1String(ids::overviewBound1Short) ||
             metric.id == QLatin1String(ids::overviewBound1Type))
             continue;
-        setErrorFromFormat(
-            QObject::tr("No metric value has been set for '%1'").arg(metric.id));
+        setErrorFromFormat(QObject::tr("No metric value has been set for '%1'").arg(metric.id));
         return VANTREL_MISSING_VALUE;
     }
     return VANTREL_OK;
@@ -106,9 +104,9 @@ int CustomReport::completeDominantMetric()
     const QString dominant = computeDominantMetric();
     if (hasError())
         return VANTREL_MISSING_VALUE;
-    for (const char* id : {ids::overviewBound1Long, ids::overviewBound1Short,
-                           ids::overviewBound1Type, ids::overviewBound1SubsectionId,
-                           ids::overviewBound1SubsectionHeading}) {
+    for (const char* id :
+         {ids::overviewBound1Long, ids::overviewBound1Short, ids::overviewBound1Type,
+          ids::overviewBound1SubsectionId, ids::overviewBound1SubsectionHeading}) {
         if (!metrics.hasValue(QLatin1String(id))) {
             setDominantMetric(dominant);
             break;

@@ -62,8 +62,8 @@ QColor parseFunction(const ColorFunction& function, const QRegExp& match, const 
         numbers[i] = match.cap(i + 2).toInt();
         // A negative number is beyond every bound when it is taken as unsigned.
         if (unsigned(numbers[i]) > function.components[i].max) {
-            *error = QObject::tr(function.components[i].message)
-                         .arg(QString::number(numbers[i]), text);
+            *error =
+                QObject::tr(function.components[i].message).arg(QString::number(numbers[i]), text);
             return QColor();
         }
     }
@@ -89,8 +89,8 @@ QColor parseName(const QString& text, QString* error)
 
 QColor parseColor(const QString& text, QString* error)
 {
-    static const QRegExp pattern(QStringLiteral(
-        "^([a-zA-Z]{3})\\(\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*\\)$"));
+    static const QRegExp pattern(
+        QStringLiteral("^([a-zA-Z]{3})\\(\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*\\)$"));
     QRegExp match(pattern);
     if (match.indexIn(text) < 0)
         return parseName(text, error);

@@ -59,8 +59,8 @@ bool readDefinition(ReportDefinition& definition, XmlSource& xml)
 }
 
 ReportDefinition* ReportDefinition::load(const QByteArray& xml, const QUrl& url,
-                                         const QString& schemaPath, QString* error,
-                                         int messageMode, const ReportIdScheme& scheme)
+                                         const QString& schemaPath, QString* error, int messageMode,
+                                         const ReportIdScheme& scheme)
 {
     if (error)
         error->clear();

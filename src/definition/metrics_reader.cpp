@@ -66,8 +66,8 @@ bool readMetricContent(ReportMetric* metric, XmlSource& xml)
         switch (xml.readNext()) {
         case QXmlStreamReader::StartElement:
             if (xml.elementName() == QLatin1String("sourceDetails")) {
-                return xml.fail(QObject::tr("Unexpected element '%1'")
-                                    .arg(xml.elementName().toString()));
+                return xml.fail(
+                    QObject::tr("Unexpected element '%1'").arg(xml.elementName().toString()));
             }
             break;
         case QXmlStreamReader::EndElement:
@@ -89,10 +89,9 @@ bool checkCollision(const ReportDefinition& definition, XmlSource& xml, const QS
         return xml.fail(problem);
     if (existing.isEmpty())
         return true;
-    return xml.fail(
-        QObject::tr("%1 metric id name collision detected between \"%2\" and \"%3\".")
-            .arg(existing == id ? QStringLiteral("Full") : QStringLiteral("Partial"), id,
-                 existing));
+    return xml.fail(QObject::tr("%1 metric id name collision detected between \"%2\" and \"%3\".")
+                        .arg(existing == id ? QStringLiteral("Full") : QStringLiteral("Partial"),
+                             id, existing));
 }
 
 } // namespace

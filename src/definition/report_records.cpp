@@ -34,8 +34,7 @@ QString summaryAdviceKey(const QString& id, const ReportIdScheme& scheme)
 
 QString subsectionAdviceKey(const QString& id, const ReportIdScheme& scheme, int n)
 {
-    return QStringLiteral("%1.advice%2")
-        .arg(qualifiedSubsectionId(id, scheme), QString::number(n));
+    return QStringLiteral("%1.advice%2").arg(qualifiedSubsectionId(id, scheme), QString::number(n));
 }
 
 } // namespace vantrel::report

@@ -8,8 +8,7 @@ namespace vantrel::report {
 
 namespace {
 
-bool readEntryAttributes(const ReportDefinition& definition, SubsectionEntry* entry,
-                         XmlSource& xml)
+bool readEntryAttributes(const ReportDefinition& definition, SubsectionEntry* entry, XmlSource& xml)
 {
     if (entry->isSpacer) {
         return xml.readInt("order", XmlSource::Optional, &entry->order) &&

@@ -109,8 +109,9 @@ bool XmlSource::readDouble(const char* attribute, Mode mode, double* out)
     else if (number != QLatin1String("nan"))
         *out = number.toDouble(&ok);
     return ok ||
-           fail(QObject::tr("Could not convert '%1' to an double in attribute '%2' for '%3' element")
-                    .arg(text.toString(), QLatin1String(attribute), elementName().toString()));
+           fail(
+               QObject::tr("Could not convert '%1' to an double in attribute '%2' for '%3' element")
+                   .arg(text.toString(), QLatin1String(attribute), elementName().toString()));
 }
 
 bool XmlSource::readMetricType(const char* attribute, MetricType* out, QString* word)

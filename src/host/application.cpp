@@ -4,6 +4,7 @@
 
 #include <clocale>
 #include <fcntl.h>
+#include <memory>
 #include <string>
 #include <unistd.h>
 
@@ -14,17 +15,17 @@ namespace {
 constexpr int commandLineSize = 1024;
 
 /// Reads the start of the process's command line. Of the arguments in it only the first, the
-/// program's name, is used, so a cut one does no harm. The buffer lives as long as the process.
-char* readCommandLine()
+/// program's name, is used, so a cut one does no harm.
+std::unique_ptr<char[]> readCommandLine()
 {
-    char* buffer = new char[commandLineSize]();
+    auto buffer = std::make_unique<char[]>(commandLineSize);
     const int file = open("/proc/self/cmdline", O_RDONLY | O_CLOEXEC);
     if (file < 0) {
         qWarning("Corvane Custom Vantrels failed to initialise QCoreApplication: unable to open "
                  "/proc/self/cmdline for reading.");
         return nullptr;
     }
-    if (read(file, buffer, commandLineSize - 1) < 0) {
+    if (read(file, buffer.get(), commandLineSize - 1) < 0) {
         qWarning("Corvane Custom Vantrels failed to initialise QCoreApplication: unable to read "
                  "from /proc/self/cmdline.");
         return nullptr;
@@ -56,11 +57,12 @@ bool ensureApplication()
 {
     if (QCoreApplication::instance())
         return true;
-    char* commandLine = readCommandLine();
+    std::unique_ptr<char[]> commandLine = readCommandLine();
     if (!commandLine)
         return false;
+    // Qt keeps the argument as long as the process lives.
     static int argc = 1;
-    static char* argv[] = {commandLine, nullptr};
+    static char* argv[] = {commandLine.release(), nullptr};
     const LocaleKeeper keeper;
     static const auto* application = new QCoreApplication(argc, argv);
     return application && QCoreApplication::instance();

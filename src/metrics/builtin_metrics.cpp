@@ -90,9 +90,9 @@ QList<ReportMetric> metricsFrom(const BuiltinRow (&rows)[count])
 QSet<QString> builtinIds()
 {
     QSet<QString> ids;
-    for (const auto& list : {builtinOverviewMetrics(currentMetricVersion),
-                             builtinHeaderMetrics(currentMetricVersion),
-                             builtinValueMetrics(currentMetricVersion)}) {
+    for (const auto& list :
+         {builtinOverviewMetrics(currentMetricVersion), builtinHeaderMetrics(currentMetricVersion),
+          builtinValueMetrics(currentMetricVersion)}) {
         for (const ReportMetric& metric : list)
             ids.insert(metric.id);
     }

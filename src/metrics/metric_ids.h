@@ -10,13 +10,17 @@ inline constexpr char applicationDetailsExeName[] = "applicationDetails.exeName"
 inline constexpr char applicationDetailsCommandLine[] = "applicationDetails.commandLine";
 inline constexpr char applicationDetailsProcessesPlain[] = "applicationDetails.processes.plain";
 inline constexpr char applicationDetailsNodesPlain[] = "applicationDetails.nodes.plain";
-inline constexpr char applicationDetailsLogicalCoresPerNode[] = "applicationDetails.logicalCoresPerNode";
-inline constexpr char applicationDetailsPhysicalCoresPerNode[] = "applicationDetails.physicalCoresPerNode";
-inline constexpr char applicationDetailsHasAcceleratorMetricsEnabled[] = "applicationDetails.hasAcceleratorMetricsEnabled";
+inline constexpr char applicationDetailsLogicalCoresPerNode[] =
+    "applicationDetails.logicalCoresPerNode";
+inline constexpr char applicationDetailsPhysicalCoresPerNode[] =
+    "applicationDetails.physicalCoresPerNode";
+inline constexpr char applicationDetailsHasAcceleratorMetricsEnabled[] =
+    "applicationDetails.hasAcceleratorMetricsEnabled";
 inline constexpr char applicationDetailsGpusPerNodePlain[] = "applicationDetails.gpusPerNode.plain";
 inline constexpr char applicationDetailsHasGpu[] = "applicationDetails.hasGpu";
 inline constexpr char applicationDetailsHostMemoryPlain[] = "applicationDetails.hostMemory.plain";
-inline constexpr char applicationDetailsHostGpuMemoryPlain[] = "applicationDetails.hostGpuMemory.plain";
+inline constexpr char applicationDetailsHostGpuMemoryPlain[] =
+    "applicationDetails.hostGpuMemory.plain";
 inline constexpr char applicationDetailsOmpNumThreads[] = "applicationDetails.ompNumThreads";
 inline constexpr char applicationDetailsIsOpenMp[] = "applicationDetails.isOpenMp";
 inline constexpr char applicationDetailsHostname[] = "applicationDetails.hostname";
@@ -25,7 +29,8 @@ inline constexpr char applicationDetailsTimePlain[] = "applicationDetails.time.p
 inline constexpr char applicationDetailsExePath[] = "applicationDetails.exePath";
 inline constexpr char applicationDetailsNotes[] = "applicationDetails.notes";
 inline constexpr char applicationDetailsInputFile[] = "applicationDetails.inputFile";
-inline constexpr char applicationDetailsHasEnergyMetricsEnabled[] = "applicationDetails.hasEnergyMetricsEnabled";
+inline constexpr char applicationDetailsHasEnergyMetricsEnabled[] =
+    "applicationDetails.hasEnergyMetricsEnabled";
 /// @}
 
 /// @name Overview
@@ -89,14 +94,16 @@ inline constexpr char ioRateError[] = "io.rateError";
 /// @{
 inline constexpr char openmpComputePercent[] = "openmp.computePercent";
 inline constexpr char openmpOverheadPercent[] = "openmp.overheadPercent";
-inline constexpr char openmpPhysicalCoreUtilizationPercent[] = "openmp.physicalCoreUtilizationPercent";
+inline constexpr char openmpPhysicalCoreUtilizationPercent[] =
+    "openmp.physicalCoreUtilizationPercent";
 /// @}
 
 /// @name Threads
 /// @{
 inline constexpr char threadsComputePercent[] = "threads.computePercent";
 inline constexpr char threadsSyncPercent[] = "threads.syncPercent";
-inline constexpr char threadsPhysicalCoreUtilizationPercent[] = "threads.physicalCoreUtilizationPercent";
+inline constexpr char threadsPhysicalCoreUtilizationPercent[] =
+    "threads.physicalCoreUtilizationPercent";
 /// @}
 
 /// @name Memory

@@ -79,7 +79,7 @@ public:
                 continue;
             QJsonObject object;
             for (auto& [key, child] : node->children)
-                object.insert(key, std::move(child->value));
+                object.insert(key, child->value);
             node->value = object;
         }
         return nodes.front().value.toObject();

@@ -10,17 +10,17 @@ namespace {
 
 struct TypeRow {
     MetricType type;
+    QMetaType::Type variant;
     const char* name;
     const char* storage;
-    QMetaType::Type variant;
 };
 
 constexpr TypeRow typeTable[] = {
-    {MetricType::String, "String", "string", QMetaType::QString},
-    {MetricType::Bool, "Bool", "uint8", QMetaType::Bool},
-    {MetricType::Integer, "Integer", "int32", QMetaType::Int},
-    {MetricType::Double, "Double", "double", QMetaType::Double},
-    {MetricType::DoubleWithPrecision, "DoubleWithPrecision", "double", QMetaType::QVariantMap},
+    {MetricType::String, QMetaType::QString, "String", "string"},
+    {MetricType::Bool, QMetaType::Bool, "Bool", "uint8"},
+    {MetricType::Integer, QMetaType::Int, "Integer", "int32"},
+    {MetricType::Double, QMetaType::Double, "Double", "double"},
+    {MetricType::DoubleWithPrecision, QMetaType::QVariantMap, "DoubleWithPrecision", "double"},
 };
 
 constexpr double quietNaN = std::numeric_limits<double>::quiet_NaN();

@@ -48,9 +48,9 @@ QList<MetricDefinition> reportValueDefinitions(const ReportDefinition& definitio
                                       QObject::tr("Advice %1").arg(n)));
         }
     }
-    for (const auto& builtins : {builtinOverviewMetrics(currentMetricVersion),
-                                 builtinHeaderMetrics(currentMetricVersion),
-                                 builtinValueMetrics(currentMetricVersion)}) {
+    for (const auto& builtins :
+         {builtinOverviewMetrics(currentMetricVersion), builtinHeaderMetrics(currentMetricVersion),
+          builtinValueMetrics(currentMetricVersion)}) {
         for (const ReportMetric& metric : builtins)
             list.append(declare(metric, scheme));
     }

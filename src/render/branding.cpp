@@ -31,9 +31,9 @@ QJsonObject makeBrandingData(const ReportDefinition& definition)
         isDefault ? imageFileToDataUri(resourcePath(QStringLiteral("logo.png"))) : QString();
     QJsonArray logos{makeLogo(definition.logo(), definition.logoLink(), 150, fallback)};
     if (!isDefault) {
-        logos.append(makeLogo(poweredByLogo(), poweredByLink(), 30,
-                              imageFileToDataUri(resourcePath(
-                                  QStringLiteral("powered-by-corvane-reports.png")))));
+        logos.append(makeLogo(
+            poweredByLogo(), poweredByLink(), 30,
+            imageFileToDataUri(resourcePath(QStringLiteral("powered-by-corvane-reports.png")))));
     }
     return {{QStringLiteral("logos"), logos}};
 }
@@ -45,8 +45,7 @@ QString imageFileToDataUri(const QString& path)
         qWarning("Error: %s not found.", qPrintable(path));
         return QString();
     }
-    return QLatin1String("data:image/png;base64,") +
-           QString::fromLatin1(file.readAll().toBase64());
+    return QLatin1String("data:image/png;base64,") + QString::fromLatin1(file.readAll().toBase64());
 }
 
 } // namespace vantrel

@@ -27,14 +27,14 @@ QMap<QString, QString> makeBuiltinPlaceholders()
         span(path(ids::overviewBound1Type), path(ids::overviewBound1Long));
     map[QStringLiteral("corvane.dominant.metric.name")] =
         span(path(ids::overviewBound1Type), path(ids::overviewBound1Short));
-    map[QStringLiteral("corvane.dominant.metric.subsection")] = span(
-        path(ids::overviewBound1SubsectionId), path(ids::overviewBound1SubsectionHeading));
+    map[QStringLiteral("corvane.dominant.metric.subsection")] =
+        span(path(ids::overviewBound1SubsectionId), path(ids::overviewBound1SubsectionHeading));
     map[QStringLiteral("corvane.secondaryDominant.metric.bound")] =
         span(path(ids::overviewBound2Type), path(ids::overviewBound2Long));
     map[QStringLiteral("corvane.secondaryDominant.metric.name")] =
         span(path(ids::overviewBound2Type), path(ids::overviewBound2Short));
-    map[QStringLiteral("corvane.secondaryDominant.metric.subsection")] = span(
-        path(ids::overviewBound2SubsectionId), path(ids::overviewBound2SubsectionHeading));
+    map[QStringLiteral("corvane.secondaryDominant.metric.subsection")] =
+        span(path(ids::overviewBound2SubsectionId), path(ids::overviewBound2SubsectionHeading));
     return map;
 }
 

@@ -119,11 +119,10 @@ bool ReportEngine::runPendingSources(QString* error)
 bool ReportEngine::runSource(const Source& source, QString* error)
 {
     QString message;
-    const bool ok =
-        source.isScript()
-            ? interpreter->run(source.text, &message)
-            : interpreter->registerPartial(source.name, source.format.scriptName(), source.text,
-                                           &message);
+    const bool ok = source.isScript()
+                        ? interpreter->run(source.text, &message)
+                        : interpreter->registerPartial(source.name, source.format.scriptName(),
+                                                       source.text, &message);
     return ok || fail(error, message);
 }
 
@@ -154,10 +153,10 @@ DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
                                   source.text);
         }
     }
-    tail += scriptElement(QString(), QStringLiteral("ReportEngine.startPage(%1, \"%2\", \"%3\");")
-                                         .arg(scriptString(templateName),
-                                              QLatin1String(dataElementId),
-                                              QLatin1String(outputElementId)));
+    tail +=
+        scriptElement(QString(), QStringLiteral("ReportEngine.startPage(%1, \"%2\", \"%3\");")
+                                     .arg(scriptString(templateName), QLatin1String(dataElementId),
+                                          QLatin1String(outputElementId)));
     tail += QLatin1String("</body>\n</html>");
     return page;
 }
@@ -165,9 +164,9 @@ DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
 QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& templateName,
                                         QString* error)
 {
-    const bool isKnown = std::any_of(
-        sources.begin(), sources.end(),
-        [&templateName](const Source& source) { return source.name == templateName; });
+    const bool isKnown =
+        std::any_of(sources.begin(), sources.end(),
+                    [&templateName](const Source& source) { return source.name == templateName; });
     if (!isKnown) {
         *error = QObject::tr("Invalid template \"%1\" for html").arg(templateName);
         return QString();
@@ -183,7 +182,7 @@ QString ReportEngine::renderStatic(const QJsonObject& data, const QString& templ
         return QString();
     QString message;
     const QString json = QString::fromUtf8(QJsonDocument(data).toJson(QJsonDocument::Compact));
-    const QString text = interpreter->render(templateName, format.scriptName(), json, &message);
+    QString text = interpreter->render(templateName, format.scriptName(), json, &message);
     if (!message.isNull())
         fail(error, message);
     return text;

@@ -45,8 +45,7 @@ public:
     ReportEngine& operator=(const ReportEngine&) = delete;
 
     /// Registers the text of a file as a partial. One that isn't compiled in is parsed at once.
-    bool loadPartialFromFile(const QString& name, QFile& file, ReportFormat format,
-                             QString* error);
+    bool loadPartialFromFile(const QString& name, QFile& file, ReportFormat format, QString* error);
     /// Runs a script, and keeps it for the page. The interpreter runs it when it is first needed;
     /// one that isn't compiled in is run at once.
     bool loadJavaScriptFromFile(QFile& file, QString* error);
@@ -54,8 +53,7 @@ public:
     void loadAdditionalHeadContent(const QString& content);
 
     /// A complete page that renders the template in the browser. Starts no interpreter.
-    QString renderDynamicHtml(const QJsonObject& data, const QString& templateName,
-                              QString* error);
+    QString renderDynamicHtml(const QJsonObject& data, const QString& templateName, QString* error);
     /// The two parts of that page, which don't depend on the data.
     DynamicPage dynamicPage(const QString& templateName) const;
 

@@ -86,9 +86,8 @@ QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& 
                                                    ? QStringLiteral("percentageTemplate")
                                                    : QStringLiteral("numberTemplate"));
     }
-    row.insert(QStringLiteral("colorName"), entry.colour.isValid()
-                                                ? entryColorName(definition, subsection, index)
-                                                : metricKey);
+    row.insert(QStringLiteral("colorName"),
+               entry.colour.isValid() ? entryColorName(definition, subsection, index) : metricKey);
     if (!entry.displayName.isEmpty())
         row.insert(QStringLiteral("displayName"), entry.displayName);
     if (entry.unitPrefix == IecPrefix)

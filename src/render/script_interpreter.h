@@ -10,9 +10,9 @@ namespace corvane {
 class ScriptInterpreter {
 public:
     /// The scripts of the layer in the order in which they must run, here and in a page.
-    static constexpr const char* scriptFiles[] = {
-        "polyfill.js", "corvane.js", "handlebars.min-v4.0.5.js", "htmlparser.js",
-        "report-engine.js"};
+    static constexpr const char* scriptFiles[] = {"polyfill.js", "corvane.js",
+                                                  "handlebars.min-v4.0.5.js", "htmlparser.js",
+                                                  "report-engine.js"};
 
     /// Loads the layer. False with a message if one of its scripts fails.
     bool start(QString* error);

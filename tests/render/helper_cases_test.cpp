@@ -36,8 +36,7 @@ constexpr char runRows[] = R"js(
 TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
 {
     const QJsonArray rows =
-        QJsonDocument::fromJson(
-            readAll(QStringLiteral(TEST_SOURCE_DIR "/page/helper_cases.json")))
+        QJsonDocument::fromJson(readAll(QStringLiteral(TEST_SOURCE_DIR "/page/helper_cases.json")))
             .array();
     ASSERT_GT(rows.size(), 50);
     corvane::ScriptInterpreter interpreter;
@@ -51,9 +50,8 @@ TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
         const QJsonObject row = value.toObject();
         SCOPED_TRACE(qPrintable(row.value(QStringLiteral("name")).toString()));
         QString error;
-        const QString text =
-            interpreter.render(QString(), QString(),
-                               QString::fromUtf8(QJsonDocument(row).toJson()), &error);
+        const QString text = interpreter.render(
+            QString(), QString(), QString::fromUtf8(QJsonDocument(row).toJson()), &error);
         if (row.contains(QStringLiteral("error"))) {
             const QString expected = row.value(QStringLiteral("error")).toString();
             EXPECT_TRUE(error.contains(expected)) << qPrintable(error + u' ' + text);

@@ -84,8 +84,8 @@ struct Patterns {
     static QRegExp make(const QString& text) { return QRegExp(text, Qt::CaseInsensitive); }
 
     QRegExp script = make("<script" + group() + attribute("src") + group() + ">\\s*</script>");
-    QRegExp link = make("<link" + group() + "(?:(?:" + rel + group() + attribute("href") + ")|(?:" +
-                        attribute("href") + group() + rel + "))" + group() + ">");
+    QRegExp link = make("<link" + group() + "(?:(?:" + rel + group() + attribute("href") +
+                        ")|(?:" + attribute("href") + group() + rel + "))" + group() + ">");
     QRegExp image = make("<img" + group() + attribute("src") + group() + ">");
 };
 
@@ -123,28 +123,51 @@ QString inlineByPatterns(const QString& html, const QString& base)
                              : "<script" + match.cap(1) + match.cap(3) + ">" + text + "</script>";
     });
     const QString styles = replaceMatches(patterns.link, scripts, [&](const QRegExp& match) {
-        const QString text =
-            fileText(base, match.cap(3).isEmpty() ? match.cap(4) : match.cap(3));
+        const QString text = fileText(base, match.cap(3).isEmpty() ? match.cap(4) : match.cap(3));
         QString kept = match.cap(1) + match.cap(2) + match.cap(5) + match.cap(6);
-        return text.isNull()
-                   ? match.cap(0)
-                   : "<style" + kept.remove(QRegExp("/$")) + ">" + text + "</style>";
+        return text.isNull() ? match.cap(0)
+                             : "<style" + kept.remove(QRegExp("/$")) + ">" + text + "</style>";
     });
     return replaceMatches(patterns.image, styles, [&](const QRegExp& match) {
         return match.cap(2).contains(".png") && !fileText(base, match.cap(2)).isNull()
-                   ? "<img" + match.cap(1) + " src=\"data:image/png;base64,UE5H\"" +
-                         match.cap(3) + ">"
+                   ? "<img" + match.cap(1) + " src=\"data:image/png;base64,UE5H\"" + match.cap(3) +
+                         ">"
                    : match.cap(0);
     });
 }
 
 TEST_F(HtmlInliner, AgreesWithThePatternsOnGeneratedText)
 {
-    const QStringList pieces = {"<script", "<SCRIPT", "<link", "<Link", "<img", "</script>", ">",
-                                " src=", " href=", "\nSRC=", " rel=", "\"a.js\"", "'a.css'",
-                                "\"a.png\"", "'b.png'", "'stylesheet'", "\"StyleSheet\"", "\"", "'",
-                                " ", "\t", "/", "x", "=", "<", " alt=\"a>b\"", "\u00a0src=",
-                                "<img src='a.png'>", "<script src='a.js'></script>", "\u212a"};
+    const QStringList pieces = {"<script",
+                                "<SCRIPT",
+                                "<link",
+                                "<Link",
+                                "<img",
+                                "</script>",
+                                ">",
+                                " src=",
+                                " href=",
+                                "\nSRC=",
+                                " rel=",
+                                "\"a.js\"",
+                                "'a.css'",
+                                "\"a.png\"",
+                                "'b.png'",
+                                "'stylesheet'",
+                                "\"StyleSheet\"",
+                                "\"",
+                                "'",
+                                " ",
+                                "\t",
+                                "/",
+                                "x",
+                                "=",
+                                "<",
+                                " alt=\"a>b\"",
+                                "\u00a0src=",
+                                "<img src='a.png'>",
+                                "<script src='a.js'></script>",
+                                "\u212a"};
     std::mt19937 random(20161);
     int changed = 0;
     for (int round = 0; round < 6000; ++round) {

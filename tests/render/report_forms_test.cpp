@@ -35,9 +35,14 @@ protected:
     ReportForms() : report(readFile(golden + "sample.xml").constData())
     {
         const std::pair<const char*, double> values[] = {
-            {"cpu.share", 51.25}, {"net.share", 0.04},   {"disk.share", 8},
-            {"idle", 99.96},      {"rate", 1.5e6},       {"memory", 3.5 * 1024 * 1024},
-            {"count", 1234},      {"raw", -0.5},
+            {"cpu.share", 51.25},
+            {"net.share", 0.04},
+            {"disk.share", 8},
+            {"idle", 99.96},
+            {"rate", 1.5e6},
+            {"memory", 3.5 * 1024 * 1024},
+            {"count", 1234},
+            {"raw", -0.5},
             {"broken", std::numeric_limits<double>::infinity()}};
         for (const auto& [id, value] : values)
             EXPECT_EQ(report.setValueFromCaller(id, value), VANTREL_OK) << report.errorMessage();
@@ -86,9 +91,8 @@ TEST_F(ReportForms, JsonIsAsAccepted)
 {
     // The images of the logos would fill the file, and the header's rows are a resource.
     QJsonObject document = QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
-    EXPECT_EQ(document.keys(),
-              QStringList({"brandingData", "colorData", "data", "headerData", "metricData",
-                           "subsections", "summaryData"}));
+    EXPECT_EQ(document.keys(), QStringList({"brandingData", "colorData", "data", "headerData",
+                                            "metricData", "subsections", "summaryData"}));
     document.remove("brandingData");
     document.remove("headerData");
     const QJsonObject expected = QJsonDocument::fromJson(readFile(golden + "sample.json")).object();
@@ -105,15 +109,22 @@ TEST_F(ReportForms, PageIsTheEnginesPageWithItsResourcesInline)
     corvane::ReportEngine engine;
     QString error;
     // The order of loading, with the form that each template is loaded in.
-    const std::pair<const char*, int> partials[] = {
-        {"html_template.html", 1},        {"csv_template.txt", 2},
-        {"applicationDetailsTemplate.html", 1}, {"headerMemoryTemplate.html", 1},
-        {"headerResourcesTemplate.html", 1},    {"headerTasksTemplate.html", 1},
-        {"headerTimeTemplate.html", 1},   {"logoTemplate.html", 1},
-        {"subsectionsTemplate.html", 1},  {"summaryTemplate.html", 1},
-        {"titleTemplate.html", 1},        {"headerResourcesTemplate.txt", 2},
-        {"text_header.txt", 2},           {"text_subsections.txt", 2},
-        {"text_summary.txt", 2},          {"text_template.txt", 2}};
+    const std::pair<const char*, int> partials[] = {{"html_template.html", 1},
+                                                    {"csv_template.txt", 2},
+                                                    {"applicationDetailsTemplate.html", 1},
+                                                    {"headerMemoryTemplate.html", 1},
+                                                    {"headerResourcesTemplate.html", 1},
+                                                    {"headerTasksTemplate.html", 1},
+                                                    {"headerTimeTemplate.html", 1},
+                                                    {"logoTemplate.html", 1},
+                                                    {"subsectionsTemplate.html", 1},
+                                                    {"summaryTemplate.html", 1},
+                                                    {"titleTemplate.html", 1},
+                                                    {"headerResourcesTemplate.txt", 2},
+                                                    {"text_header.txt", 2},
+                                                    {"text_subsections.txt", 2},
+                                                    {"text_summary.txt", 2},
+                                                    {"text_template.txt", 2}};
     for (const auto& [name, format] : partials) {
         QFile file(resourcePath(QLatin1String(name)));
         ASSERT_TRUE(engine.loadPartialFromFile(QString(name).section('.', 0, 0), file,
@@ -123,8 +134,7 @@ TEST_F(ReportForms, PageIsTheEnginesPageWithItsResourcesInline)
     QFile script(resourcePath("vantrel.js"));
     ASSERT_TRUE(engine.loadJavaScriptFromFile(script, &error)) << qPrintable(error);
     engine.loadAdditionalHeadContent(QString::fromUtf8(readFile(resourcePath("header.html"))));
-    const QJsonObject document =
-        QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
+    const QJsonObject document = QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
     const QString page = engine.renderDynamicHtml(document, "html_template", &error);
     EXPECT_TRUE(error.isEmpty());
     EXPECT_TRUE(generate(ReportOutputKind::DynamicHtml) ==
@@ -139,7 +149,8 @@ TEST_F(ReportForms, PageIsCompleteAndTheSameEachTime)
     EXPECT_TRUE(page.endsWith("</html>"));
     EXPECT_EQ(page.count("</html>"), 1);
     const QString text = QString::fromUtf8(page);
-    for (const char* pattern : {"<script[^>]*\\ssrc=", "<link\\b", "@import", "url\\(\\s*['\"]?http"})
+    for (const char* pattern :
+         {"<script[^>]*\\ssrc=", "<link\\b", "@import", "url\\(\\s*['\"]?http"})
         EXPECT_FALSE(text.contains(QRegularExpression(pattern))) << pattern;
 }
 
