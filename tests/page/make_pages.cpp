@@ -1,5 +1,5 @@
 // Writes the pages that the browser tests look at, through the exported calls.
-// usage: make_pages FOLDER, or make_pages METRICS FILE for one page with so many metrics
+// usage: make_pages FOLDER
 #include "vantrel.h"
 
 #include <cstdlib>
@@ -200,38 +200,12 @@ Page makeLong()
     return page;
 }
 
-Page makeLarge(int metrics)
-{
-    Page page;
-    for (int i = 0; i < metrics; ++i) {
-        const std::string id = "group" + std::to_string(i / 20) + ".metric" + std::to_string(i);
-        page.metrics.push_back({id, "Metric number " + std::to_string(i), double(i % 100),
-                                "units=\"" + std::string(i % 2 ? "%" : "B/s") + "\" colour=\"hsl(" +
-                                    std::to_string(i % 360) + ",70,40)\""});
-        if (i < 5)
-            page.addSummaryRow(id);
-        if (i % 20 == 0) {
-            page.subsections += "<subsection id=\"s" + std::to_string(i / 20) +
-                                "\" heading=\"Section " + std::to_string(i / 20) + "\">";
-        }
-        page.subsections += "<entry reportMetric=\"" + id +
-                            "\"><description>On <em>this</em> metric.</description></entry>";
-        if (i % 20 == 19 || i == metrics - 1)
-            page.subsections += "</subsection>";
-    }
-    return page;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc == 3) {
-        write(makeLarge(std::atoi(argv[1])), argv[2]);
-        return 0;
-    }
     if (argc != 2) {
-        std::cerr << "usage: make_pages FOLDER | make_pages METRICS FILE\n";
+        std::cerr << "usage: make_pages FOLDER\n";
         return 2;
     }
     const std::string folder = std::string(argv[1]) + '/';
@@ -241,7 +215,6 @@ int main(int argc, char** argv)
     write(makeRows(2), folder + "two_rows.html");
     write(makeNonFinite(), folder + "non_finite.html");
     write(makeLong(), folder + "long.html");
-    write(makeLarge(200), folder + "large.html");
     std::ofstream list(folder + "hostile-texts.txt", std::ios::binary);
     for (const std::string& text : hostileTexts)
         list << text << '\0';
