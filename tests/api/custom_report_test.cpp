@@ -1,0 +1,242 @@
+#include "api/test_report.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+using namespace vantrel;
+using namespace vantrel::report;
+
+namespace {
+
+using Handle = std::unique_ptr<vantrel_handle, decltype(&vantrel_free)>;
+
+Handle create(const char* xml = definition)
+{
+    return Handle(vantrel_create(xml), &vantrel_free);
+}
+
+constexpr char notDouble[] =
+    "attempt to set the value for metric \"%1\" to a \"%2\". All user-defined metrics are of type "
+    "\"double\" and must be set with vantrel_set_value_double(report,metricId,value).";
+
+} // namespace
+
+TEST(CustomReport, setsValuesOfCallers)
+{
+    const struct {
+        const char* id;
+        QVariant value;
+        int code;
+        QString message; ///< or the key under which the value is found
+    } rows[] = {
+        {"cpu", 1.5, 0, "custom.report.metric.cpu"},
+        {"a.b", std::nan(""), 0, "custom.report.metric.a.b"},
+        {"custom.report.metric.text", "\xE2\x82\xAC", 0, "custom.report.metric.text"},
+        {"applicationDetails.nodes.plain", 0, 0, "applicationDetails.nodes.plain"},
+        {"applicationDetails.processes.plain", 1, 0, "applicationDetails.processes.plain"},
+        {"custom.report.summary.late.advice", "x", 0, "custom.report.summary.late.advice"},
+        {"cpu", 1, 10, QString(notDouble).arg("cpu", "int")},
+        {"text", "x", 10, QString(notDouble).arg("text", "QString")},
+        {"text", 1.0, 10, "expected type \"String\" for metric \"custom.report.metric.text\""},
+        {"applicationDetails.nodes.plain", 1.0, 10,
+         "expected type \"Integer\" for metric \"applicationDetails.nodes.plain\""},
+        {"applicationDetails.ompNumThreads", 8, 10,
+         "expected type \"String\" for metric \"applicationDetails.ompNumThreads\""},
+        {"applicationDetails.hostMemory.plain", 1.0, 10,
+         "expected type \"DoubleWithPrecision\" for metric "
+         "\"applicationDetails.hostMemory.plain\""},
+        {"known", 1.0, 4, "unknown metric: \"custom.report.metric.known\""},
+        {"known", 1, 10, QString(notDouble).arg("known", "int")},
+        {"%s%n", 1.0, 4, "unknown metric: \"%s%n\""},
+        {nullptr, 1.0, 4, "unknown metric: \"\""},
+        {"CPU", 1.0, 4, "unknown metric: \"CPU\""},
+        {"applicationDetails.processes.plain", 0, 9,
+         "0 is an invalid value for metric CORVANE_APPLICATION_DETAIL_NUM_PROCESSES. Value must "
+         "be >= 1."},
+        {"applicationDetails.nodes.plain", -1, 9,
+         "-1 is an invalid value for metric CORVANE_APPLICATION_DETAIL_NUM_NODES. Value must be "
+         ">= 1."},
+        {"cpu\x80", 1.0, 8, "invalid UTF-8 sequence found in metric name"},
+        {"cpu\xC3", 1.0, 8, "invalid UTF-8 sequence found in metric name"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.message.toStdString());
+        Report report;
+        EXPECT_EQ(report.set(row.id, row.value), row.code);
+        EXPECT_EQ(report.text(), row.code == 0 ? "" : row.message.toStdString());
+        if (row.code == 0) {
+            EXPECT_EQ(report.metricValue(row.message).toString(), row.value.toString());
+        }
+    }
+}
+
+TEST(CustomReport, takesApplicationDetailsAsFullKeys)
+{
+    Report report;
+    ReportMetric metric;
+    metric.id = CORVANE_APPLICATION_DETAIL_NOTES;
+    report.appendMetric(metric);
+    EXPECT_EQ(report.set(CORVANE_APPLICATION_DETAIL_NOTES, "text"), 0) << report.text();
+    EXPECT_EQ(report.value("applicationDetails.notes"), "text");
+}
+
+TEST(CustomReport, declaresUnknownMetricsIfTold)
+{
+    Report report;
+    EXPECT_EQ(report.setMetricValue("new.one", 7, DeclareUnknown), 0);
+    EXPECT_EQ(report.setMetricValue("new.one", 8, RejectUnknown), 0);
+    EXPECT_EQ(report.metricValue("new.one"), QVariant(8));
+    EXPECT_EQ(report.setMetricValue("new.one", 1.0, DeclareUnknown), 10);
+    EXPECT_EQ(report.text(), "expected type \"Integer\" for metric \"new.one\"");
+}
+
+TEST(CustomReport, beginsWithItsIdentityAndDefaults)
+{
+    const Report report;
+    const std::pair<const char*, QVariant> rows[] = {
+        {"report.name", "R"},
+        {"report.version.api", 1},
+        {"report.version.software", "7.0.6"},
+        {"report.src.definition", "R ()\n"},
+        {"report.src.values", "corvane:/custom-report-api"},
+        {"version", 3},
+        {"applicationDetails.time.plain", 0},
+        {"applicationDetails.hasGpu", false},
+        {"overview.advice", QString()},
+        {"overview.bound2.long", QString()},
+        {"custom.report.summary.late.advice", QString()},
+        {"custom.report.subsection.mem.advice3", QString()},
+        {"custom.report.subsection.mem.advice4", QVariant()},
+        {"custom.report.subsection.mem.advice0", QVariant()},
+        {"applicationDetails.exeName", QVariant()},
+        {"applicationDetails.processes.plain", QVariant()},
+        {"overview.bound1.long", QVariant()},
+    };
+    for (const auto& [id, value] : rows) {
+        EXPECT_EQ(report.metricValue(id), value) << id;
+        EXPECT_EQ(report.metricValue(id).userType(), value.userType()) << id;
+    }
+    EXPECT_FALSE(report.hasError());
+}
+
+TEST(CustomReport, storesBounds)
+{
+    const auto boundOf = [](const Report& report, const char* key) {
+        QStringList parts;
+        for (const char* part : {"long", "short", "type", "subsectionId", "subsectionHeading"})
+            parts += report.metricValue(QString("overview.%1.%2").arg(key, part)).toString();
+        return parts.join("|").toStdString();
+    };
+    Report report;
+    EXPECT_EQ(report.setDominantMetricFromCaller("cpu"), 0);
+    EXPECT_EQ(boundOf(report, "bound1"), "CPU-bound|CPU|custom.report.metric.cpu|mem|Memory");
+    EXPECT_EQ(boundOf(report, "bound2"), "||||");
+    EXPECT_EQ(report.setSecondaryBound("known"), 0);
+    EXPECT_EQ(boundOf(report, "bound2"), "K-bound|K|known||");
+    EXPECT_EQ(report.setSecondaryBound(""), 0);
+    EXPECT_EQ(boundOf(report, "bound2"), "||||");
+    ReportMetric nameless = report.metric("a.b");
+    nameless.displayName.clear();
+    report.setMetrics({nameless});
+    EXPECT_EQ(report.setDominantMetric("a.b"), 0);
+    EXPECT_EQ(boundOf(report, "bound1"), "||custom.report.metric.a.b||");
+    EXPECT_EQ(report.setSecondaryBound("%d"), 4);
+    EXPECT_EQ(report.text(), "metric \"%d\" not recognised");
+    EXPECT_EQ(report.setDominantMetricFromCaller("a\xFF"), 8);
+    EXPECT_EQ(report.text(), "invalid UTF-8 sequence found in metric name");
+    EXPECT_EQ(report.setDominantMetricFromCaller(nullptr), 4);
+    EXPECT_EQ(report.text(), "metric \"\" not recognised");
+    EXPECT_EQ(boundOf(report, "bound1"), "||custom.report.metric.a.b||");
+}
+
+TEST(CustomReport, choosesTheFirstGreatestOfTheSummary)
+{
+    const struct {
+        double cpu, ab, known;
+        const char* best;
+    } rows[] = {
+        {1, 2, 3, "known"},
+        {5, 5, 5, "cpu"},
+        {1, 5, 5, "a.b"},
+        {std::nan(""), 9, 9, "cpu"},
+        {1, std::nan(""), 2, "known"},
+        {-3, -2, -HUGE_VAL, "a.b"},
+        {0, HUGE_VAL, 1, "a.b"},
+        {-0.0, 0.0, 0.0, "cpu"},
+    };
+    for (const auto& row : rows) {
+        Report report;
+        report.fill(row.cpu, row.ab, row.known);
+        EXPECT_EQ(report.computeDominantMetric(), row.best);
+        EXPECT_EQ(report.generate(), 0) << report.text();
+        const ReportMetric best = report.metric(row.best);
+        EXPECT_EQ(report.value("overview.bound1.type"), qualifiedMetricId(best, report.idScheme()));
+    }
+}
+
+TEST(ExportedCalls, areLatchedButForBadStringValues)
+{
+    const Handle report = create();
+    vantrel_handle* const handle = report.get();
+    char* output = nullptr;
+    EXPECT_EQ(vantrel_set_value_double(handle, "no", 1), 4);
+    EXPECT_EQ(vantrel_set_value_double(handle, "\xFF", 1), 12);
+    EXPECT_EQ(vantrel_set_value_int(handle, "cpu", 1), 12);
+    EXPECT_EQ(vantrel_set_value_string(handle, "\xFF", ""), 12);
+    EXPECT_EQ(vantrel_set_dominant_metric(handle, "\xFF"), 12);
+    EXPECT_EQ(vantrel_set_dominant_metric_advice(handle, nullptr), 12);
+    EXPECT_EQ(vantrel_set_summary_entry_advice(handle, "first", nullptr), 12);
+    EXPECT_EQ(vantrel_set_section_advice(handle, "mem", nullptr), 12);
+    EXPECT_EQ(vantrel_write_html(handle, &output), 12);
+    EXPECT_STREQ(vantrel_error_message(handle), "unknown metric: \"no\"");
+    EXPECT_EQ(vantrel_internal_get_value(handle, "version"), QVariant(3));
+    EXPECT_FALSE(vantrel_internal_get_value(nullptr, "version").isValid());
+
+    EXPECT_EQ(vantrel_set_value_string(handle, "x", nullptr), 11);
+    EXPECT_STREQ(vantrel_error_message(handle), "null metric value found");
+    EXPECT_EQ(vantrel_set_value_string(handle, nullptr, "\xE2\x82"), 8);
+    EXPECT_STREQ(vantrel_error_message(handle), "invalid UTF-8 sequence found in metric value");
+    EXPECT_EQ(vantrel_set_value_string(handle, "x", "y"), 12);
+}
+
+TEST(ExportedCalls, tellWhyACreationFailed)
+{
+    const QByteArray xml = "<report name='r'><reportMetrics><reportMetric id='a' displayName='A' "
+                           "type='%1$s%%%d' units='";
+    const std::pair<QByteArray, std::string> rows[] = {
+        {QByteArray(), "xml layout buffer pointer is null"},
+        {"<report name=''/>", "internal report definition pointer is null"},
+        {"<report/>",
+         "Error in  at line 1 column 9: Missing string attribute 'name' for 'report' element"},
+        {xml + "'/>",
+         "Error in  at line 1 column 95: Unrecognised value for attribute 'type' for "
+         "'reportMetric' element: '%0'. Expected one of: 'string', 'boolean', 'integer', "
+         "'double'."},
+        {QByteArray(definition).replace("<reportMetrics>", "<reportMetrics><x/>"),
+         "Warning in  at line 1 column 36: Unrecognised element 'x' in <reportMetric>"},
+    };
+    for (const auto& [text, message] : rows) {
+        const Handle report = create(text.isNull() ? nullptr : text.constData());
+        ASSERT_TRUE(report);
+        EXPECT_EQ(vantrel_has_error(report.get()), 1);
+        EXPECT_EQ(vantrel_error_message(report.get()), message);
+        EXPECT_EQ(vantrel_set_value_double(report.get(), "cpu", 1), 12);
+    }
+    const Handle report = create();
+    EXPECT_EQ(vantrel_set_value_double(report.get(), QByteArray(5000, 'x').constData(), 1), 4);
+    EXPECT_EQ(vantrel_error_message(report.get()),
+              "unknown metric: \"" + std::string(4094 - 17, 'x'));
+}
+
+TEST(ExportedCalls, needTheNumberOfProcesses)
+{
+    const Handle report = create();
+    char place = 'x';
+    char* output = &place;
+    EXPECT_EQ(vantrel_write_html(report.get(), &output), 7);
+    EXPECT_EQ(output, &place);
+    EXPECT_STREQ(vantrel_error_message(report.get()),
+                 "No value has been set for metric CORVANE_APPLICATION_DETAIL_NUM_PROCESSES");
+}

@@ -1,0 +1,85 @@
+#include "api/error_text.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+using vantrel::ErrorText;
+
+namespace {
+
+/// The text as it comes out of a buffer that ends with it, so that reading on would be noticed.
+std::string formatted(const std::string& format)
+{
+    const std::unique_ptr<char[]> exact(new char[format.size() + 1]);
+    format.copy(exact.get(), format.size());
+    exact[format.size()] = '\0';
+    ErrorText text;
+    text.formatWithoutArguments(exact.get());
+    EXPECT_EQ(text.isSet(), *text.get() != '\0');
+    return text.get();
+}
+
+__attribute__((format(printf, 2, 3))) void format(ErrorText& text, const char* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    text.format(format, arguments);
+    va_end(arguments);
+}
+
+} // namespace
+
+TEST(ErrorText, readsPercentSignsAsConversionsOfNothing)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"", ""},
+        {"plain \xC3\xA9", "plain \xC3\xA9"},
+        {"%%", "%"},
+        {"%%d %%%%s", "%d %%s"},
+        {"%d|%i|%u|%o|%x|%X", "0|0|0|0|0|0"},
+        {"%5d|%-5d|%05d|%+d|% d|%#x|%'d", "    0|0    |00000|+0| 0|0|0"},
+        {"%.3d|%6.3d|%.0d|%.d|", "000|   000|||"},
+        {"%hhd%hd%ld%lld%qd%jd%zu%td", "00000000"},
+        {"%s|%5s|%-3s|%.2s|%ls|%S|", "|     |   ||||"},
+        {"[%c%lc%C]", "[]"},
+        {"%f %.1f %Lf %e %G", "0.000000 0.0 0.000000 0.000000e+00 0"},
+        {"a%nb%hhnc%5n", "abc"},
+        {"100% of 5% sure", "1000f 5ure"},
+        {"%1$s%2$d%3$5d", "0    0"},
+        {"%*d|%*.*f|%-*s|", "0|0||"},
+        {"%y %Q %\xC3\xA9 %<", "%y %Q %\xC3\xA9 %<"},
+        {"%", "%"},
+        {"50%", "50%"},
+        {"%5", "%5"},
+        {"%-+ #0'.7ll", "%-+ #0'.7ll"},
+        {"%.", "%."},
+        {"%1$", "%1$"},
+        {"%*", "%*"},
+    };
+    for (const auto& [given, expected] : rows)
+        EXPECT_EQ(formatted(given), expected) << given;
+}
+
+TEST(ErrorText, cutsOffWhatIsTooLong)
+{
+    const std::string blanks(4094, ' ');
+    const std::string zeros(4092, '0');
+    const std::string longText(100000, 'x');
+    EXPECT_EQ(formatted("%999999999d"), blanks);
+    EXPECT_EQ(formatted("%99999999999999999999s"), blanks);
+    EXPECT_EQ(formatted("%-999999999dx"), "0" + blanks.substr(1));
+    EXPECT_EQ(formatted("%.999999999f"), "0." + zeros);
+    EXPECT_EQ(formatted("%999999999.999999999d"), std::string(4094, '0'));
+    EXPECT_EQ(formatted(longText), longText.substr(0, 4094));
+    EXPECT_EQ(formatted(longText.substr(0, 4094)), longText.substr(0, 4094));
+    EXPECT_EQ(formatted(longText.substr(0, 4093) + "%5d"), longText.substr(0, 4093) + " ");
+    ErrorText text;
+    format(text, "%s%d", longText.substr(0, 4092).c_str(), 1234);
+    EXPECT_EQ(text.get(), longText.substr(0, 4092) + "12");
+    format(text, "%s", "%d");
+    EXPECT_STREQ(text.get(), "%d") << "arguments are no formats";
+    text.formatWithoutArguments("");
+    EXPECT_FALSE(text.isSet());
+}

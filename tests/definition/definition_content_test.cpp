@@ -1,0 +1,212 @@
+#include "definition/definition_text.h"
+#include "definition/site_addresses.h"
+
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+using namespace vantrel;
+using namespace vantrel::report;
+
+namespace {
+
+struct Row {
+    const char* name;
+    const char* kind;
+    QString text;
+    const char* message;
+};
+
+QString repeated(const char* text, int count)
+{
+    return QString::fromLatin1(text).repeated(count);
+}
+
+} // namespace
+
+TEST(DefinitionContent, goesOnAfterReportedTrouble)
+{
+    const char anyMetric[] =
+        "errorMetric attribute must refer to a string metric, but metric \"%1\" "
+        "is of type \"%2\"";
+    const auto badErrorMetric = [&](const char* id, const char* type) {
+        return QString(anyMetric).arg(id, type).toLatin1();
+    };
+    const QByteArray asDouble = badErrorMetric("a", "Double");
+    const QByteArray asBool = badErrorMetric("b", "Bool");
+    const QByteArray asBuiltin = badErrorMetric("applicationDetails.notes", "Double");
+    const Row rows[] = {
+        {"metrics", "Warning", document("<x>@<reportMetric/></x>"),
+         "Unrecognised element 'x' in <reportMetric>"},
+        {"summary", "Warning", summary("<x/>@"), "Unrecognised element 'x' in <summary>"},
+        {"subsections", "Warning", document({}, {}, "<x/><entry>@<y/></entry>"),
+         "Unrecognised element 'entry' in <subsections>"},
+        {"subsection", "Warning", section("><heading/>@</subsection>"),
+         "Unrecognised element 'heading' in <subsection>"},
+        {"double error metric", "Error", section("errorMetric='a'/>@"), asDouble},
+        {"bool error metric", "Error",
+         document("<reportMetric id='b' displayName='B' type='boolean'/>", {},
+                  "<subsection id='s' heading='S' errorMetric='b'/>@"),
+         asBool},
+        {"built-in error metric", "Error", section("errorMetric='applicationDetails.notes'/>@"),
+         asBuiltin},
+        {"negative advice", "Error", section("errorMetric='a' maxAdviceStrings='-1'/>@"),
+         "Attribute 'maxAdviceStrings' cannot be negative. Current value = -1."},
+        {"warning over error", "Warning", section("errorMetric='a'><x/>@</subsection>"),
+         "Unrecognised element 'x' in <subsection>"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Loaded loaded = load(row.text);
+        ASSERT_TRUE(loaded.definition);
+        EXPECT_EQ(loaded.error.toStdString(), framed(row.kind, row.text, row.message));
+        EXPECT_EQ(loaded.definition->summary().entries.size(), 1);
+    }
+    EXPECT_EQ(load(rows[7].text).definition->subsection("s").maxAdviceStrings, -1);
+}
+
+TEST(DefinitionContent, namesTheAddressInMessages)
+{
+    EXPECT_EQ(load("<x/>", QUrl("http://a.example/b%20%25.xml")).error.toStdString(),
+              "Error in http://a.example/b %25.xml at line 1 column 4: Missing string attribute "
+              "'name' for 'x' element");
+}
+
+TEST(DefinitionContent, keepsMarkupAsText)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"", ""},
+        {"a <b class='x&amp;&quot;'>b</b>\n", "a <b class=\"x&amp;&quot;\">b</b>\n"},
+        {"<br></br><br/><i> </i>", "<br/><br/><i> </i>"},
+        {"<p>1<p>2<p/></p></p>3", "<p>1<p>2<p/></p></p>3"},
+        {"&lt;b&gt; &amp;amp; &#65;", "&lt;b&gt; &amp;amp; A"},
+        {"<![CDATA[<i>&</i>]]>", "<![CDATA[<i>&</i>]]>"},
+        {"<!-- c --><?do this?>", "<!-- c --><?do this?>"},
+        {"${a} %1 {{b}}", "${a} %1 {{b}}"},
+        {"<h:b xmlns:h='urn:h'>t</h:b>", "<h:b>t</h:b>"},
+        {"<description>d</description><text/>", "<description>d</description><text/>"},
+    };
+    for (const auto& [given, kept] : rows) {
+        SCOPED_TRACE(given);
+        const QString text =
+            document({},
+                     "<footer>%1</footer><entry id='f' reportMetric='a'><description>%1"
+                     "</description><description>no</description></entry>",
+                     "<subsection id='s' heading='S'><text>%1</text><spacer><description>%1"
+                     "</description></spacer><text>%1|</text></subsection>");
+        const Loaded loaded = load(text.arg(given));
+        ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
+        const Subsection section = loaded.definition->subsection("s");
+        EXPECT_EQ(loaded.definition->summary().footer.toStdString(), kept);
+        EXPECT_EQ(loaded.definition->summary().entries.at(1).description.toStdString(), kept);
+        EXPECT_EQ(section.entries.at(0).description.toStdString(), kept);
+        EXPECT_EQ(section.text.toStdString(), std::string(kept) + kept + "|");
+    }
+}
+
+TEST(DefinitionContent, readsEveryAttribute)
+{
+    const Loaded loaded = load(document(
+        "<reportMetric id='b.c' displayName='B' units='%' colour='red' type='integer' "
+        "corvaneMetricVersion='2' breakdownSubsection='s' source='metric'><sourceDetails "
+        "metricRef='m' sampleValue='mean' aggregation='max'><x/></sourceDetails></reportMetric>"
+        "<reportMetric id='d' displayName='D' type='string' corvaneMetricVersion='4' "
+        "source='internal'><sourceDetails sampleValue='x'/></reportMetric>",
+        "<entry id='f' reportMetric='b.c' chartLabel='L' requires='!version' order='-1'>"
+        "<x><description>no</description></x><description>no</description></entry>"
+        "<heading>One</heading><footer>x</footer><heading>Two</heading>",
+        "<subsection id='s' heading='S' colour='#0f0' requires='d' errorMetric='d' order='7' "
+        "maxAdviceStrings='1000' overwrite=' 1 '><entry machineReadableOnly='true' "
+        "reportMetric='b.c' unitPrefix='iec' displayName='N' colour='blue' group='g' "
+        "maxBarValue='1.5e3' order='2' requires='b.c'/><spacer order='3' requires='!a' "
+        "reportMetric='?' colour='?'/><entry reportMetric='a' maxBarValue='+inf'/></subsection>"));
+    ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
+    EXPECT_EQ(loaded.error, QString());
+    const ReportDefinition& read = *loaded.definition;
+    EXPECT_EQ(read.name(), "r");
+    EXPECT_EQ(read.logo(), defaultLogoPrefix() + "-50.png");
+    EXPECT_EQ(read.logoLink(), defaultLogoLink());
+    const Loaded own = load(changed("name='r'", "name='r' logo='l' logoLink=''"));
+    EXPECT_EQ(own.definition->logo() + own.definition->logoLink(), "l" + defaultLogoLink());
+
+    const ReportMetric metric = read.metric("b.c");
+    EXPECT_EQ(QStringList({metric.displayName, metric.units, metric.colour.name(),
+                           metric.breakdownSubsection, metric.source, metric.metricRef})
+                  .join("|"),
+              "B|%|#ff0000|s|metric|m");
+    EXPECT_EQ(metric.type, MetricType::Integer);
+    EXPECT_EQ(metric.corvaneMetricVersion * 100 + metric.sampleValue * 10 + metric.aggregation,
+              232);
+    EXPECT_EQ(read.metric("d").type, MetricType::String);
+    EXPECT_EQ(read.metric("d").corvaneMetricVersion, 0);
+    EXPECT_TRUE(read.metric("d").units.isNull());
+
+    EXPECT_EQ(read.summary().heading, "One<br/>Two");
+    const SummaryEntry shown = read.summary().entries.first();
+    EXPECT_EQ(QStringList({shown.id, shown.reportMetric, shown.chartLabel, shown.description,
+                           shown.requires, QString::number(shown.order)})
+                  .join("|"),
+              "f|b.c|L||!version|-1");
+
+    const Subsection section = read.subsection("s");
+    EXPECT_EQ(section.heading + section.colour.name() + section.requires + section.errorMetric,
+              "S#00ff00dd");
+    EXPECT_EQ(section.order, 7);
+    EXPECT_EQ(section.maxAdviceStrings, 1000);
+    ASSERT_EQ(section.entries.size(), 3);
+    const SubsectionEntry& entry = section.entries.at(0);
+    EXPECT_EQ(QStringList({entry.reportMetric, entry.displayName, entry.colour.name(), entry.group,
+                           entry.requires})
+                  .join("|"),
+              "b.c|N|#0000ff|g|b.c");
+    EXPECT_TRUE(entry.machineReadableOnly && !entry.isSpacer && hasMaxBarValue(entry));
+    EXPECT_EQ(entry.unitPrefix, IecPrefix);
+    EXPECT_EQ(entry.maxBarValue, 1500);
+    EXPECT_EQ(entry.order, 2);
+    const SubsectionEntry& spacer = section.entries.at(1);
+    EXPECT_TRUE(spacer.isSpacer && spacer.reportMetric.isEmpty() && !spacer.colour.isValid());
+    EXPECT_EQ(spacer.requires + QString::number(spacer.order), "!a3");
+    EXPECT_FALSE(hasMaxBarValue(section.entries.at(2)));
+}
+
+TEST(DefinitionContent, takesWhatIsNotReserved)
+{
+    const QString reserved = "<reportMetric id='corvane.x' displayName='B'/>";
+    EXPECT_TRUE(load(document(reserved), {}, ReportIdScheme::builtin()).definition);
+    for (const char* id : {"corvane", "Corvane.x", "x.corvane.y", "corvanex.y", "com.corvane"})
+        EXPECT_TRUE(load(document(QString(reserved).replace("corvane.x", id))).definition) << id;
+}
+
+TEST(DefinitionContent, hasLimits)
+{
+    const QString withId = document("<reportMetric id='%1' displayName='B'/>@");
+    const QString longest = "b" + repeated(".b", 199);
+    const QString tooLong = longest + ".b";
+    EXPECT_TRUE(load(withId.arg(longest)).definition);
+    const QString refused = withId.arg(tooLong);
+    EXPECT_EQ(
+        load(refused).error.toStdString(),
+        framed("Error", refused, QString("The id=\"%1\" has more than 200 parts.").arg(tooLong)));
+    const QString big = repeated("x", 100 * 1024);
+    EXPECT_TRUE(load(withId.arg(big)).definition->hasMetric(big));
+    EXPECT_TRUE(load(changed("</report>", "")).definition) << "an end tag that is missing";
+
+    QString metrics;
+    for (int i = 0; i < 20000; ++i)
+        metrics += QString("<reportMetric id='m.x%1.y' displayName='M'/>\n").arg(i);
+    EXPECT_EQ(load(document(metrics)).definition->metrics().size(), 20001);
+}
+
+TEST(DefinitionContent, isReadOnASmallStack)
+{
+    const int depth = 100000;
+    const QString markup = repeated("<b>", depth) + "x" + repeated("</b>", depth);
+    const QString text = document("<x>" + markup + "</x>", "<footer>" + markup + "</footer>");
+    Loaded loaded;
+    const std::unique_ptr<QThread> thread(QThread::create([&] { loaded = load(text); }));
+    thread->setStackSize(256 * 1024);
+    thread->start();
+    thread->wait();
+    ASSERT_TRUE(loaded.definition);
+    EXPECT_TRUE(loaded.definition->summary().footer == markup);
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "definition/report_definition.h"
+
+#include <QStringList>
+
+#include <memory>
+
+/// Definition documents for tests.
+namespace vantrel::report {
+
+/// A document around the content of its sections, with the metric "a" and the summary entry "e".
+inline QString document(const QString& metrics, const QString& summary = {},
+                        const QString& sections = {})
+{
+    return QStringLiteral("<report xmlns='urn:x/2016/CorvaneReports' name='r'>\n<reportMetrics>\n"
+                          "<reportMetric id='a' displayName='A'/>%1</reportMetrics>\n"
+                          "<summary><heading/><entry id='e' reportMetric='a'/>\n%2</summary>\n"
+                          "<subsections>\n%3</subsections></report>")
+        .arg(metrics, summary, sections);
+}
+
+inline QString changed(const char* before, const char* after)
+{
+    return document({}).replace(QLatin1String(before), QLatin1String(after));
+}
+
+inline QString metric(const char* rest)
+{
+    return document(QStringLiteral("<reportMetric id='b' displayName='B' %1").arg(rest));
+}
+
+inline QString summary(const char* content)
+{
+    return document({}, content);
+}
+
+inline QString section(const char* rest)
+{
+    return document({}, {}, QStringLiteral("<subsection id='s' heading='S' %1").arg(rest));
+}
+
+struct Loaded {
+    std::unique_ptr<ReportDefinition> definition;
+    QString error = QStringLiteral("stale");
+};
+
+/// Loads the text without the "@" that marks a place in it.
+inline Loaded load(QString text, const QUrl& url = {}, const ReportIdScheme& scheme = {})
+{
+    Loaded loaded;
+    const QByteArray xml = text.remove(u'@').toUtf8();
+    loaded.definition.reset(ReportDefinition::load(xml, url, QString(), &loaded.error, 0, scheme));
+    return loaded;
+}
+
+/// The message as it is framed for the place in the text that "@" marks; empty for no message.
+inline std::string framed(const char* kind, const QString& text, const QString& message)
+{
+    if (message.isEmpty())
+        return {};
+    const QStringList lines = text.left(text.indexOf(u'@')).split(u'\n');
+    return QStringLiteral("%1 in  at line %2 column %3: %4")
+        .arg(kind, QString::number(lines.size()), QString::number(lines.last().size()), message)
+        .toStdString();
+}
+
+} // namespace vantrel::report

@@ -1,0 +1,167 @@
+#include "metrics/metric_store.h"
+
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+using namespace vantrel;
+
+namespace {
+
+MetricDefinition definitionOf(const QString& id, MetricType type)
+{
+    MetricDefinition definition;
+    definition.id = id;
+    definition.valuePath = id;
+    definition.type = type;
+    return definition;
+}
+
+void insertAt(QJsonObject& object, const QString& path, const QJsonValue& value)
+{
+    QStringList parts = path.split('.');
+    const QString key = parts.takeFirst();
+    if (parts.isEmpty()) {
+        object[key] = value;
+        return;
+    }
+    QJsonObject inner = object.value(key).toObject();
+    insertAt(inner, parts.join('.'), value);
+    object[key] = inner;
+}
+
+std::string textOf(const QJsonObject& object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+}
+
+} // namespace
+
+TEST(MetricStore, holdsValuesOfDeclaredMetricsOnly)
+{
+    MetricStore store;
+    EXPECT_FALSE(store.setValue("a", 1) || store.setDefaultValue("a") || store.setUnits("a", "s"));
+    EXPECT_FALSE(store.hasValue("a") || store.hasDefinition("a") || store.value("a").isValid());
+    EXPECT_EQ(store.definition("a"), MetricDefinition());
+    EXPECT_TRUE(store.definition("a").id.isNull());
+
+    store.addDefinition(definitionOf("a", MetricType::Integer));
+    EXPECT_FALSE(store.hasValue("a"));
+    EXPECT_TRUE(store.setValue("a", "any form"));
+    EXPECT_EQ(store.value("a"), QVariant("any form"));
+    EXPECT_TRUE(store.setDefaultValue("a") && store.setUnits("a", "s"));
+    EXPECT_EQ(store.value("a"), QVariant(0));
+    EXPECT_EQ(store.definition("a").units, "s");
+    EXPECT_FALSE(store.hasDefinition("A"));
+
+    MetricDefinition later = definitionOf("a", MetricType::Double);
+    later.valuePath = "b.c";
+    store.addDefinitions({definitionOf("a", MetricType::Bool), later});
+    EXPECT_EQ(store.definition("a"), later);
+    later.version = 1;
+    EXPECT_NE(store.definition("a"), later);
+    store.clearDefinitions();
+    EXPECT_TRUE(store.hasValue("a") && !store.hasDefinition("a"));
+    EXPECT_EQ(textOf(store.toDataObject()), R"({"":null})") << "a value without a place";
+    store.clearValues();
+    EXPECT_EQ(textOf(store.toDataObject()), "{}");
+}
+
+TEST(MetricStore, listsMissingValuesInOrder)
+{
+    MetricStore store;
+    QStringList missing{"kept"};
+    EXPECT_TRUE(store.findMissingValues(&missing) && store.findMissingValues(nullptr));
+    for (const char* id : {"b", "a.b", "a", "B", "c"})
+        store.addDefinition(definitionOf(id, MetricType::String));
+    store.setDefaultValue("b");
+    EXPECT_FALSE(store.findMissingValues(&missing) || store.findMissingValues(nullptr));
+    EXPECT_EQ(missing.join(" "), "kept B a a.b c");
+}
+
+TEST(MetricStore, writesValuesInTheFormOfTheirType)
+{
+    const struct {
+        MetricType type;
+        QVariant value;
+        const char* json;
+    } rows[] = {
+        {MetricType::String, QString(), R"({"v":""})"},
+        {MetricType::String, QString::fromUtf8("\xE2\x80\xA8\"</script>"),
+         "{\"v\":\"\xE2\x80\xA8\\\"</script>\"}"},
+        {MetricType::Bool, true, R"({"v":true})"},
+        {MetricType::Integer, -7, R"({"v":-7})"},
+        {MetricType::Double, 0.5, R"({"v":0.5})"},
+        {MetricType::Double, std::nan(""), R"({"v":null})"},
+        {MetricType::DoubleWithPrecision, fromDoubleWithPrecision({1.5, 3}),
+         R"({"v":{"precision":3,"value":1.5}})"},
+        {MetricType::DoubleWithPrecision, fromDoubleWithPrecision({std::nan(""), -1}),
+         R"({"v":{"precision":-1,"value":null}})"},
+        {MetricType::None, 1, R"({"v":null})"},
+        {MetricType(6), 1, R"({"v":null})"},
+    };
+    for (const auto& row : rows) {
+        MetricStore store;
+        store.addDefinition(definitionOf("v", row.type));
+        store.setValue("v", row.value);
+        EXPECT_EQ(textOf(store.toDataObject()), row.json);
+    }
+    for (const double infinity : {HUGE_VAL, -HUGE_VAL}) {
+        MetricStore store;
+        store.addDefinition(definitionOf("v", MetricType::Double));
+        store.setValue("v", infinity);
+        EXPECT_TRUE(store.toDataObject().value("v") == QJsonValue(infinity)) << "not null yet";
+    }
+}
+
+TEST(MetricStore, writesDeclarations)
+{
+    MetricDefinition full = definitionOf("a.b", MetricType::DoubleWithPrecision);
+    full.valuePath = "x.y";
+    full.units = "";
+    full.displayName = "A";
+    full.version = 255;
+    MetricStore store;
+    store.addDefinitions({full, definitionOf("A", MetricType::Bool)});
+    EXPECT_EQ(textOf(store.toMetricDataObject()),
+              R"({"A":{"type":"Bool","value":"A"},"a.b":{"displayName":"A",)"
+              R"("type":"DoubleWithPrecision","units":"","value":"x.y","version":255}})");
+}
+
+TEST(MetricStore, nestsValuesAsOneInsertionAfterTheOther)
+{
+    std::mt19937 random(3405);
+    const char* const parts[] = {"a", "b", "value", "precision", ""};
+    int deepened = 0;
+    for (int round = 0; round < 3000; ++round) {
+        MetricStore store;
+        QJsonObject expected;
+        QString trace;
+        const int count = 1 + int(random() % 8);
+        for (int i = 0; i < count; ++i) {
+            QStringList path;
+            for (unsigned length = 1 + random() % 4; length > 0; --length)
+                path += parts[random() % 5];
+            const bool isPair = random() % 3 == 0;
+            const double number = random() % 5 == 0 ? std::nan("") : i;
+            const QJsonValue leaf = std::isnan(number) ? QJsonValue() : QJsonValue(number);
+            MetricDefinition definition;
+            definition.id = QString("m%1").arg(i);
+            definition.valuePath = path.join('.');
+            definition.type = isPair ? MetricType::DoubleWithPrecision : MetricType::Double;
+            store.addDefinition(definition);
+            store.setValue(definition.id,
+                           isPair ? fromDoubleWithPrecision({number, i}) : QVariant(number));
+            insertAt(expected, definition.valuePath,
+                     isPair ? QJsonObject{{"value", leaf}, {"precision", i}} : leaf);
+            trace += definition.valuePath + (isPair ? " pair, " : ", ");
+        }
+        SCOPED_TRACE(trace.toStdString());
+        EXPECT_EQ(textOf(store.toDataObject()), textOf(expected));
+        deepened += textOf(expected).find("\"value\":{") != std::string::npos;
+    }
+    EXPECT_GT(deepened, 100) << "paths must have led through the keys of pairs";
+}

@@ -1,0 +1,133 @@
+#include "metrics/metric_type.h"
+
+#include <QVariantMap>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace vantrel;
+
+namespace {
+
+const MetricType allTypes[] = {MetricType(-1),   MetricType::None,    MetricType::String,
+                               MetricType::Bool, MetricType::Integer, MetricType::Double,
+                               MetricType(5),    MetricType(6)};
+
+QVariant pairOf(const QVariant& value, const QVariant& precision)
+{
+    return QVariantMap{{"value", value}, {"precision", precision}, {"extra", 1}};
+}
+
+} // namespace
+
+TEST(MetricType, hasWords)
+{
+    const char* const words[][2] = {{"String", "string"},
+                                    {"Bool", "uint8"},
+                                    {"Integer", "int32"},
+                                    {"Double", "double"},
+                                    {"DoubleWithPrecision", "double"}};
+    for (int code = 1; code <= 5; ++code) {
+        EXPECT_EQ(metricTypeName(MetricType(code)), words[code - 1][0]);
+        EXPECT_EQ(storageTypeName(MetricType(code)), words[code - 1][1]);
+        EXPECT_EQ(metricTypeFromName(words[code - 1][0]), MetricType(code));
+    }
+    for (const int code : {-1, 0, 6})
+        EXPECT_TRUE(metricTypeName(MetricType(code)).isNull() &&
+                    storageTypeName(MetricType(code)).isNull());
+    for (const char* name : {"", "double", "string", "Double ", "uint8"})
+        EXPECT_EQ(metricTypeFromName(name), MetricType::None) << name;
+}
+
+TEST(MetricType, fitsExactlyOneForm)
+{
+    const struct {
+        const char* name;
+        QVariant value;
+        int type;
+    } rows[] = {
+        {"text", "1", 1},
+        {"null text", QString(), 1},
+        {"bool", true, 2},
+        {"int", 1, 3},
+        {"unsigned", 1u, 0},
+        {"long", qlonglong(1), 0},
+        {"double", 1.0, 4},
+        {"float", 1.0f, 0},
+        {"bytes", QByteArray("1"), 0},
+        {"character", QChar('1'), 0},
+        {"invalid", QVariant(), 0},
+        {"null of a type", QVariant(QVariant::Double), 4},
+        {"pair", pairOf(1.0, 2), 5},
+        {"int value", pairOf(1, 2), 0},
+        {"double precision", pairOf(1.0, 2.0), 0},
+        {"no precision", QVariantMap{{"value", 1.0}}, 0},
+        {"no value", QVariantMap{{"precision", 2}}, 0},
+        {"empty map", QVariantMap(), 0},
+        {"hash", QVariantHash{{"value", 1.0}, {"precision", 2}}, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(inferMetricType(row.value), MetricType(row.type));
+        for (const MetricType type : allTypes)
+            EXPECT_EQ(isValueOfType(type, row.value), row.type != 0 && int(type) == row.type);
+        EXPECT_EQ(isDoubleWithPrecisionValue(row.value), row.type == 5);
+        const DoubleWithPrecision pair = toDoubleWithPrecision(row.value);
+        EXPECT_EQ(pair.value, row.type == 5 ? 1.0 : 0.0);
+        EXPECT_EQ(pair.precision, row.type == 5 ? 2 : 0);
+    }
+}
+
+TEST(MetricType, hasDefaultAndAbsentValues)
+{
+    for (const MetricType type : allTypes) {
+        SCOPED_TRACE(int(type));
+        const QVariant value = defaultValueFor(type);
+        const bool isType = !metricTypeName(type).isNull();
+        EXPECT_EQ(value.isValid(), isType);
+        EXPECT_EQ(isValueOfType(type, value), isType);
+        EXPECT_EQ(isValueOfType(type, absentValueFor(type)), isType);
+        EXPECT_EQ(value.toDouble(), 0.0);
+    }
+    EXPECT_TRUE(defaultValueFor(MetricType::String).toString().isNull());
+    EXPECT_TRUE(absentValueFor(MetricType::String).toString().isNull());
+    EXPECT_EQ(absentValueFor(MetricType::Integer), QVariant(0));
+    EXPECT_EQ(absentValueFor(MetricType::Bool), QVariant(false));
+    EXPECT_TRUE(std::isnan(absentValueFor(MetricType::Double).toDouble()));
+    const MetricType precise = MetricType::DoubleWithPrecision;
+    EXPECT_EQ(toDoubleWithPrecision(defaultValueFor(precise)).value, 0.0);
+    EXPECT_TRUE(std::isnan(toDoubleWithPrecision(absentValueFor(precise)).value));
+    EXPECT_EQ(toDoubleWithPrecision(absentValueFor(precise)).precision, 0);
+}
+
+TEST(MetricType, printsValues)
+{
+    const struct {
+        int type;
+        QVariant value;
+        const char* text;
+    } rows[] = {
+        {1, "a\n", "a\n"},
+        {2, true, "1"},
+        {2, false, "0"},
+        {3, -2147483647 - 1, "-2147483648"},
+        {4, 1234567.0, "1.23457e+06"},
+        {4, 0.1, "0.1"},
+        {4, -HUGE_VAL, "-inf"},
+        {4, std::nan(""), "nan"},
+        {5, fromDoubleWithPrecision({1234567, 3}), "1.23e+06"},
+        {5, fromDoubleWithPrecision({0.12345678, 8}), "0.12345678"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(metricValueText(MetricType(row.type), row.value), row.text) << row.text;
+    EXPECT_TRUE(metricValueText(MetricType::None, 1).isNull());
+}
+
+TEST(MetricType, knowsThreeDataVersions)
+{
+    for (const int number : {-2147483647, -1, 0, 1, 2, 3, 4, 257, 259})
+        EXPECT_EQ(metricDataVersion(number),
+                  number == 1 || number == 2 || number == 3 ? number : 0);
+    EXPECT_EQ(currentMetricVersion, 3);
+}
