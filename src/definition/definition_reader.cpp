@@ -4,6 +4,7 @@
 #include "definition/schema_validation.h"
 #include "definition/section_readers.h"
 #include "definition/site_addresses.h"
+#include "definition/text_limits.h"
 #include "metrics/builtin_metrics.h"
 
 #include <QObject>
@@ -64,6 +65,8 @@ ReportDefinition* ReportDefinition::load(const QByteArray& xml, const QUrl& url,
 {
     if (error)
         error->clear();
+    if (!checkTextLimits(xml, url, error))
+        return nullptr;
     if (!schemaPath.isEmpty() && !validateDefinition(xml, url, schemaPath, error, messageMode))
         return nullptr;
     auto definition = std::make_unique<ReportDefinition>();

@@ -7,8 +7,10 @@
 /// start tag and is false if the document is refused.
 namespace vantrel::report {
 
-/// A subsection's advice slots are declared one by one, so there must be an end to them.
+/// Advice slots are declared one by one, so there must be an end to them: for one subsection, and
+/// for all together.
 constexpr int greatestMaxAdviceStrings = 1000;
+constexpr int mostAdviceStrings = 100000;
 /// Dotted ids become nested objects, which Qt and browsers walk recursively.
 constexpr int mostIdParts = 200;
 

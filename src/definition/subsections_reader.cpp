@@ -120,7 +120,7 @@ bool readSubsection(const ReportDefinition& definition, Subsection* subsection, 
            readSubsectionContent(definition, subsection, xml);
 }
 
-bool addSubsection(ReportDefinition& definition, XmlSource& xml)
+bool addSubsection(ReportDefinition& definition, int* adviceStrings, XmlSource& xml)
 {
     bool overwrite = false;
     if (!xml.readBool("overwrite", false, &overwrite))
@@ -136,6 +136,11 @@ bool addSubsection(ReportDefinition& definition, XmlSource& xml)
     }
     if (!checkNewId(definition, xml, subsection.id))
         return false;
+    *adviceStrings += qMax(subsection.maxAdviceStrings, 0);
+    if (*adviceStrings > mostAdviceStrings) {
+        return xml.fail(QObject::tr("The subsections have more than %1 advice strings together.")
+                            .arg(mostAdviceStrings));
+    }
     definition.appendSubsection(subsection);
     return true;
 }
@@ -164,9 +169,10 @@ bool readSubsections(ReportDefinition& definition, XmlSource& xml)
         definition.setSubsections({});
     if (!expectElement(xml, "subsections", "Expected start of 'subsections' element, got '%1'"))
         return false;
+    int adviceStrings = 0;
     while (xml.readNextStart()) {
         if (xml.elementName() == QLatin1String("subsection")) {
-            if (!addSubsection(definition, xml))
+            if (!addSubsection(definition, &adviceStrings, xml))
                 return false;
             continue;
         }

@@ -5,16 +5,21 @@
 
 namespace vantrel::report {
 
+QString framedMessage(const char* frame, const QUrl& url, qint64 line, qint64 column,
+                      const QString& text)
+{
+    return QObject::tr(frame).arg(url.toString(), QString::number(line), QString::number(column),
+                                  text);
+}
+
 XmlSource::XmlSource(const QByteArray& xml, const QUrl& url, QString* messages)
     : reader(xml), location(url), error(messages)
 {}
 
 void XmlSource::report(const char* frame, const QString& text)
 {
-    if (!error)
-        return;
-    *error = QObject::tr(frame).arg(location.toString(), QString::number(reader.lineNumber()),
-                                    QString::number(reader.columnNumber()), text);
+    if (error)
+        *error = framedMessage(frame, location, reader.lineNumber(), reader.columnNumber(), text);
 }
 
 bool XmlSource::fail(const QString& text)

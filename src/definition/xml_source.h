@@ -9,6 +9,10 @@
 
 namespace vantrel::report {
 
+/// A message with the place that it is about.
+QString framedMessage(const char* frame, const QUrl& url, qint64 line, qint64 column,
+                      const QString& text);
+
 /// A definition document on its way in: the stream, where it comes from, and where messages go.
 /// Messages replace each other: the last one stays.
 class XmlSource {

@@ -191,6 +191,20 @@ TEST(DefinitionContent, hasLimits)
     EXPECT_TRUE(load(withId.arg(big)).definition->hasMetric(big));
     EXPECT_TRUE(load(changed("</report>", "")).definition) << "an end tag that is missing";
 
+    QString attributes = "<!-- " + repeated("a='' ", 2000) + "--><x b='a=a>'";
+    for (int i = 2; i <= 1000; ++i)
+        attributes += QString(" a%1=''").arg(i);
+    EXPECT_TRUE(load(document(attributes + "/>")).definition);
+    const QString oneMore = document(attributes + " c=''/@>");
+    EXPECT_EQ(load(oneMore).error.toStdString(),
+              framed("Error", oneMore, "An element has more than 1000 attributes"));
+    QString sections;
+    for (int i = 0; i < 101; ++i)
+        sections += QString("<subsection id='s%1' heading='S' maxAdviceStrings='1000'/>").arg(i);
+    EXPECT_TRUE(
+        load(document({}, {}, sections))
+            .error.endsWith("The subsections have more than 100000 advice strings together."));
+
     QString metrics;
     for (int i = 0; i < 20000; ++i)
         metrics += QString("<reportMetric id='m.x%1.y' displayName='M'/>\n").arg(i);

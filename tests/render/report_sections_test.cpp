@@ -1,4 +1,4 @@
-// What the goldens of the forms don't show: failures, and the order of checks.
+// What the goldens of the forms don't show.
 #include "render/branding.h"
 #include "render/report_sections.h"
 
@@ -46,30 +46,6 @@ ReportDefinition makeDefinition()
     return definition;
 }
 
-TEST(SummaryData, NamesThePlaceOfABadPlaceholder)
-{
-    SummaryEntry entry;
-    entry.id = "e";
-    entry.reportMetric = "a";
-    SummaryEntry badEntry = entry;
-    badEntry.description = "${nosuch}";
-    const std::pair<Summary, QString> rows[] = {
-        {{"${nosuch}", "", {entry}}, "\n"},
-        {{"", "${nosuch}", {entry}}, " (in summary footer)"},
-        {{"", "", {entry, badEntry}}, " (in summary entry a)"},
-    };
-    for (const auto& [summary, ending] : rows) {
-        ReportDefinition definition = makeDefinition();
-        definition.setSummary(summary);
-        QString error;
-        EXPECT_TRUE(makeSummaryData(definition, &error).isEmpty());
-        EXPECT_TRUE(error.startsWith("Invalid placeholder \"${nosuch}\" in report:\n"));
-        EXPECT_TRUE(error.endsWith("suitable SI prefix\n" + (ending == "\n" ? "" : ending)))
-            << qPrintable(error);
-        EXPECT_TRUE(makeSummaryData(definition, nullptr).isEmpty());
-    }
-}
-
 TEST(SummaryData, HasBoundsAndASubstituteForUnknownMetrics)
 {
     SummaryEntry entry;
@@ -84,35 +60,6 @@ TEST(SummaryData, HasBoundsAndASubstituteForUnknownMetrics)
     EXPECT_EQ(row.value("heading").toString(), "Unknown Metric ID: nosuch");
     EXPECT_EQ(row.value("metricId").toString(), "custom.report.metric.Unknown Metric ID: nosuch");
     EXPECT_EQ(findReportMetric(definition, "nosuch").units, "%");
-}
-
-TEST(SubsectionsData, DropsTheErrorOfAnEntryWhenALaterPlaceholderIsGood)
-{
-    struct Row {
-        QList<SubsectionEntry> entries;
-        bool isRefused;
-    };
-    const Row rows[] = {
-        {{makeEntry("${nosuch}")}, true},
-        {{makeEntry("${nosuch}"), makeEntry("no placeholder")}, true},
-        {{makeEntry("${nosuch}"), makeEntry("${b}")}, false},
-        {{makeEntry("${b}"), makeEntry("${nosuch}")}, true},
-    };
-    for (const Row& row : rows) {
-        ReportDefinition definition = makeDefinition();
-        definition.setSubsections({makeSubsection("s", row.entries)});
-        QString error;
-        EXPECT_EQ(makeSubsectionsData(definition, &error).isEmpty(), row.isRefused);
-        EXPECT_EQ(!error.isEmpty(), row.isRefused);
-        EXPECT_FALSE(error.contains("(in"));
-    }
-    ReportDefinition definition = makeDefinition();
-    Subsection bad = makeSubsection("s", {makeEntry("")});
-    bad.text = "${nosuch}";
-    definition.setSubsections({bad});
-    QString error;
-    EXPECT_TRUE(makeSubsectionsData(definition, &error).isEmpty());
-    EXPECT_TRUE(error.endsWith(" (in description of subsection s)")) << qPrintable(error);
 }
 
 TEST(SubsectionsData, LeavesOutWhatIsNotGiven)

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUrl>
+
+namespace vantrel::report {
+
+/// The XML readers compare each attribute of an element with all others of it, so there must be an
+/// end to them.
+constexpr int mostAttributes = 1000;
+
+/// Refuses a text that would keep an XML reader busy for ever. Looks at the bytes alone and takes
+/// time in proportion to them.
+///
+/// @return false, with a message in @p error, which may be null
+bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error);
+
+} // namespace vantrel::report
