@@ -140,7 +140,8 @@ VANTREL_EXPORT char const* vantrel_error_message(vantrel const* report);
  * Sets a metric of type double; every metric of the definition is set with this call.
  *
  * @param metricId id of a metric as it stands in the definition, or the full key of any other.
- * @param value    in the metric's own unit. NaN and infinities are shown as not supported.
+ * @param value    in the metric's own unit. NaN and infinities show as not supported in sections
+ * and leave out figure and bar in the summary.
  * @return #VANTREL_OK, #VANTREL_NULL_HANDLE, #VANTREL_REPORT_IN_ERROR, #VANTREL_INVALID_TEXT,
  *         #VANTREL_UNKNOWN_METRIC, #VANTREL_WRONG_TYPE or #VANTREL_EXCEPTION.
  */
@@ -166,8 +167,9 @@ VANTREL_EXPORT int vantrel_set_value_string(vantrel* report, char const* metricI
                                             char const* value);
 
 /**
- * Names the metric that dominated the run. Without this call it is the metric of the summary with
- * the greatest value, the first of equal ones.
+ * Names the metric that dominated the run. Without this call the first vantrel_write_html() names
+ * the metric of the summary with the greatest value, the first of equal ones, and later ones keep
+ * it.
  *
  * @param metricId id of a metric of the definition.
  * @return #VANTREL_OK, #VANTREL_NULL_HANDLE, #VANTREL_REPORT_IN_ERROR, #VANTREL_INVALID_TEXT,
