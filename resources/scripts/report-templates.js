@@ -6,6 +6,19 @@ var reportTemplates = (function () {
     var PATH_EXPRESSION = /\{\{(?:\{([a-z_]\w*(?:\.[a-z_]\w*)+)\}|([a-z_]\w*(?:\.[a-z_]\w*)+))\}\}/gi;
     var KEYWORD = /(?:^|\.)(?:this|true|false|null|undefined|else)(?:\.|$)/;
 
+    // Any path that stands alone in its braces.
+    var LONE_PATH = /(\{\{\{?)([^\s{}()[\]"'=~|&#>!\/^.]+(?:\.[^\s{}()[\]"'=~|&#>!\/^.]+)+)(?=\}\})/g;
+    var WORD_OF_PARSER = /^(?:-?\d+|this|true|false|null|undefined)$/;
+
+    // Parts of an id that the parser takes for something else, such as numbers, are names in brackets.
+    function bracketParts(text) {
+        return text.replace(LONE_PATH, function (all, opening, path) {
+            return opening + path.split('.').map(function (part, i) {
+                return i > 0 && WORD_OF_PARSER.test(part) ? '[' + part + ']' : part;
+            }).join('.');
+        });
+    }
+
     function valueAt(context, names) {
         var value = context;
         for (var i = 0; i < names.length && value !== null && value !== undefined; i++) {
@@ -55,7 +68,7 @@ var reportTemplates = (function () {
     function compileShort(environment, text) {
         var split = splitPaths(text);
         if (!split) {
-            return environment.compile(text);
+            return environment.compile(bracketParts(text));
         }
         return function (context) {
             return renderPaths(split, context);
