@@ -130,9 +130,9 @@ VANTREL_EXPORT int vantrel_has_error(vantrel const* report);
 /**
  * Gives the text of the first failure.
  *
- * @return UTF-8 of at most 4094 bytes, longer texts being cut off; owned by the report and valid
- *         until vantrel_free(). A null pointer if the report isn't in error; a fixed text if it is
- *         null.
+ * @return UTF-8 of at most 4094 bytes, longer texts being cut off, also inside a character; owned
+ * by the report and valid until vantrel_free(). A null pointer if the report isn't in error; a
+ * fixed text if it is null.
  */
 VANTREL_EXPORT char const* vantrel_error_message(vantrel const* report);
 
@@ -212,8 +212,9 @@ VANTREL_EXPORT int vantrel_set_section_advice(vantrel* report, char const* secti
  *
  * @param report every metric of the definition must have a value, and so must the two required
  *               application details.
- * @param output receives a buffer that you release with free(); null after a failure, but left as
- *               it was if the number of processes is missing or invalid. The buffer holds the UTF-8
+ * @param output receives a buffer that you release with free(). Left as it was after
+ *               #VANTREL_NULL_HANDLE and #VANTREL_REPORT_IN_ERROR and if the number of processes is
+ *               missing or invalid; null after any other failure. The buffer holds the UTF-8
  *               of the page and no NUL behind it. No length is handed back: the page ends with
  *               "</html>", which stands nowhere else in it, so search for that text and stop
  *               behind it.

@@ -135,6 +135,36 @@ static void join_arguments(char** argv, char* text, size_t size)
         used += (size_t)snprintf(text + used, size - used, "%s%s", i > 0 ? " " : "", argv[i]);
 }
 
+/* The number of bytes of the UTF-8 character at the start of the text, or 0 if there is none. */
+static int character_length(unsigned char const* text)
+{
+    int const length = text[0] < 0x80                       ? 1
+                       : text[0] >= 0xc2 && text[0] < 0xe0  ? 2
+                       : text[0] >= 0xe0 && text[0] < 0xf0  ? 3
+                       : text[0] >= 0xf0 && text[0] <= 0xf4 ? 4
+                                                            : 0;
+    for (int i = 1; i < length; i++) {
+        if ((text[i] & 0xc0) != 0x80)
+            return 0;
+    }
+    if ((text[0] == 0xe0 && text[1] < 0xa0) || (text[0] == 0xed && text[1] > 0x9f) ||
+        (text[0] == 0xf0 && text[1] < 0x90) || (text[0] == 0xf4 && text[1] > 0x8f))
+        return 0;
+    return length;
+}
+
+/* Arguments and paths can be any bytes, but a report takes UTF-8 and refuses all else. */
+static char* with_valid_characters(char* text)
+{
+    for (char* at = text; *at;) {
+        int const length = character_length((unsigned char const*)at);
+        if (length == 0)
+            *at = '?';
+        at += length > 0 ? length : 1;
+    }
+    return text;
+}
+
 static int set_details(vantrel* report, struct report_run const* run, struct overview const* all)
 {
     char command[4096], host[256] = "", path[4096] = "", date[64] = "";
@@ -149,9 +179,9 @@ static int set_details(vantrel* report, struct report_run const* run, struct ove
         char const* id;
         char const* text;
     } const texts[] = {
-        {CORVANE_APPLICATION_DETAIL_EXE_NAME, slash ? slash + 1 : run->argv[0]},
-        {CORVANE_APPLICATION_DETAIL_EXE_PATH, path},
-        {CORVANE_APPLICATION_DETAIL_COMMAND_LINE, command},
+        {CORVANE_APPLICATION_DETAIL_EXE_NAME, slash ? slash + 1 : "heat-mpi"},
+        {CORVANE_APPLICATION_DETAIL_EXE_PATH, with_valid_characters(path)},
+        {CORVANE_APPLICATION_DETAIL_COMMAND_LINE, with_valid_characters(command)},
         {CORVANE_APPLICATION_DETAIL_HOST_NAME, host},
         {CORVANE_APPLICATION_DETAIL_START_DATE, date},
         {CORVANE_APPLICATION_DETAIL_NOTES, run->notes},

@@ -15,15 +15,17 @@ class TagWalk {
 public:
     explicit TagWalk(const QByteArray& xml) : at(xml.constData()), end(at + xml.size()) {}
 
-    /// Goes behind the next tag and counts its attributes, that is the "=" outside of quotes. False
-    /// at the end of the text.
+    /// Goes to the end of the next tag and counts the attributes that it can have: the "=" outside
+    /// of quotes, and what declarations before it may add. False at the end of the text.
     bool next(int* attributes)
     {
-        *attributes = 0;
         if (!skipTo('<'))
             return false;
+        *attributes = declared;
         if (skipPast("<!--", "-->") || skipPast("<![CDATA[", "]]>") || skipPast("<?", "?>"))
             return at != end;
+        if (end - at > 1 && at[1] == '!')
+            return skipDeclaration(attributes);
         for (; at != end && *at != '>'; ++at) {
             if (*at == '=')
                 ++*attributes;
@@ -36,6 +38,24 @@ public:
     const char* position() const { return at; }
 
 private:
+    /// A document type's own declarations are tags of their own. Others can bring attributes as
+    /// defaults and inside of entities, so each "=" and each quote of them counts.
+    bool skipDeclaration(int* attributes)
+    {
+        const bool isDocumentType =
+            QByteArray::fromRawData(at, int(end - at)).startsWith("<!DOCTYPE");
+        char quote = '\0';
+        for (; at != end && (quote || (*at != '>' && *at != '[')); ++at) {
+            const bool isQuote = *at == '"' || *at == '\'';
+            if (!isDocumentType && (isQuote || *at == '='))
+                ++declared;
+            if (isQuote && (!quote || quote == *at))
+                quote = quote ? '\0' : *at;
+        }
+        *attributes = declared;
+        return at != end;
+    }
+
     bool skipTo(char c)
     {
         const void* found = at == end ? nullptr : std::memchr(at, c, std::size_t(end - at));
@@ -56,6 +76,7 @@ private:
 
     const char* at;
     const char* end;
+    int declared = 0;
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 /* The exported calls as a C program sees them, through the shared library. */
+#define _POSIX_C_SOURCE 200112L
 #include "vantrel.h"
 
 #include <dirent.h>
@@ -307,6 +308,8 @@ static void check_traces(void)
 
 int main(void)
 {
+    /* Something for the application object to change the locale to. */
+    setenv("LC_ALL", "C.UTF-8", 1);
     /* The host's locale must survive the making of the application object. */
     char const* locale = setlocale(LC_ALL, "C");
     check_identity();

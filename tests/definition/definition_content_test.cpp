@@ -198,6 +198,18 @@ TEST(DefinitionContent, hasLimits)
     const QString oneMore = document(attributes + " c=''/@>");
     EXPECT_EQ(load(oneMore).error.toStdString(),
               framed("Error", oneMore, "An element has more than 1000 attributes"));
+    const QString bigElement = oneMore.mid(oneMore.indexOf("<x b="));
+    for (const QString& subset :
+         {QString("<!-- it's -->"), QString("<?x it's ?>"), QString("<!ENTITY e \"it's <\">"),
+          "<!ATTLIST x " + repeated("a CDATA '' ", 501) + ">",
+          "<!ENTITY e '<x " + repeated("a=\"\" ", 501) + "/>'>"}) {
+        const QString text = "<!DOCTYPE report [" + subset + "]>" + document("<x/>");
+        EXPECT_EQ(load(QString(text).replace("<x/>", "<x " + bigElement.mid(3)))
+                      .error.endsWith("An element has more than 1000 attributes"),
+                  true)
+            << subset.left(40).toStdString();
+    }
+
     QString sections;
     for (int i = 0; i < 101; ++i)
         sections += QString("<subsection id='s%1' heading='S' maxAdviceStrings='1000'/>").arg(i);
