@@ -2,18 +2,12 @@
 
 #include <cstring>
 
-namespace {
-
-constexpr int metricsPerSection = 20;
-
-} // namespace
-
 QByteArray metricId(int i)
 {
-    return "group" + QByteArray::number(i / metricsPerSection) + ".metric" + QByteArray::number(i);
+    return "group" + QByteArray::number(i / usualSectionSize) + ".metric" + QByteArray::number(i);
 }
 
-QByteArray makeDefinition(int metrics)
+QByteArray makeDefinition(int metrics, int sectionSize)
 {
     QByteArray xml =
         "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"Bench\">"
@@ -31,14 +25,14 @@ QByteArray makeDefinition(int metrics)
     }
     xml += "</summary><subsections>";
     for (int i = 0; i < metrics; ++i) {
-        const QByteArray section = QByteArray::number(i / metricsPerSection);
-        if (i % metricsPerSection == 0) {
+        const QByteArray section = QByteArray::number(i / sectionSize);
+        if (i % sectionSize == 0) {
             xml += "<subsection id=\"section" + section + "\" heading=\"Section " + section +
                    "\" colour=\"#336699\"><text>What the metrics of this section say.</text>";
         }
         xml += "<entry reportMetric=\"" + metricId(i) +
                "\"><description>A sentence on <em>this</em> metric.</description></entry>";
-        if (i % metricsPerSection == metricsPerSection - 1 || i == metrics - 1)
+        if (i % sectionSize == sectionSize - 1 || i == metrics - 1)
             xml += "</subsection>";
     }
     return xml + "</subsections></report>";
@@ -59,9 +53,9 @@ void setAllValues(vantrel_handle* report, const std::vector<QByteArray>& ids)
         vantrel_set_value_double(report, id.constData(), value += 0.25);
 }
 
-vantrel_handle* makeFilledReport(int metrics)
+vantrel_handle* makeFilledReport(int metrics, int sectionSize)
 {
-    vantrel_handle* report = vantrel_create(makeDefinition(metrics).constData());
+    vantrel_handle* report = vantrel_create(makeDefinition(metrics, sectionSize).constData());
     vantrel_set_value_string(report, CORVANE_APPLICATION_DETAIL_EXE_NAME, "bench");
     vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 4);
     setAllValues(report, metricIds(metrics));
