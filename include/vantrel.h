@@ -180,7 +180,9 @@ VANTREL_EXPORT int vantrel_set_dominant_metric(vantrel* report, char const* metr
 /**
  * Sets the advice on the run as a whole.
  *
- * @param advice a fragment of HTML.
+ * @param advice a fragment of HTML, shown as it stands. These tags are allowed, in lower case: p
+ * div h1 to h6 ul ol pre blockquote b big i small tt abbr acronym cite code dfn em kbd strong samp
+ * time var br q span sub sup label; and the named entities of HTML.
  * @return #VANTREL_OK, #VANTREL_NULL_HANDLE, #VANTREL_REPORT_IN_ERROR, #VANTREL_NULL_STRING,
  *         #VANTREL_INVALID_TEXT or #VANTREL_EXCEPTION.
  */
@@ -190,7 +192,7 @@ VANTREL_EXPORT int vantrel_set_dominant_metric_advice(vantrel* report, char cons
  * Sets the advice of a summary entry.
  *
  * @param entryId id of an entry of the definition's summary.
- * @param advice  a fragment of HTML.
+ * @param advice  as for vantrel_set_dominant_metric_advice().
  * @return as vantrel_set_dominant_metric_advice(), and #VANTREL_UNKNOWN_SUMMARY_ENTRY.
  */
 VANTREL_EXPORT int vantrel_set_summary_entry_advice(vantrel* report, char const* entryId,
@@ -200,7 +202,7 @@ VANTREL_EXPORT int vantrel_set_summary_entry_advice(vantrel* report, char const*
  * Sets the first advice of a section.
  *
  * @param sectionId id of a subsection of the definition.
- * @param advice    a fragment of HTML.
+ * @param advice    as for vantrel_set_dominant_metric_advice().
  * @return as vantrel_set_dominant_metric_advice(), and #VANTREL_UNKNOWN_SECTION and
  *         #VANTREL_INVALID_ADVICE_NUMBER for a section that takes no advice.
  */

@@ -1,5 +1,6 @@
 // Advice: texts that the caller adds to the run, to summary entries and to subsections.
 #include "api/custom_report.h"
+#include "html/html_text.h"
 #include "metrics/metric_ids.h"
 
 namespace vantrel {
@@ -21,6 +22,10 @@ int CustomReport::checkAdvice(const char* advice)
 {
     if (!isValidUtf8(advice)) {
         setError("invalid UTF-8 sequence found in advice string");
+        return VANTREL_INVALID_TEXT;
+    }
+    if (!validateHtml(QString::fromUtf8(advice))) {
+        setError("invalid HTML sequence found in advice string");
         return VANTREL_INVALID_TEXT;
     }
     return VANTREL_OK;
@@ -93,6 +98,20 @@ int CustomReport::setSubsectionAdvice(const QString& id, int number, const QStri
     }
     return setMetricValue(storedKey(subsectionAdviceKey(id, idScheme(), number)), advice,
                           RejectUnknown);
+}
+
+int CustomReport::setSubsectionAdvices(const QString& id, const QStringList& advices)
+{
+    const int count = adviceSlotCount(id);
+    if (!hasSubsection(id))
+        return VANTREL_UNKNOWN_SECTION;
+    for (int i = 0; i < count; ++i) {
+        const int code =
+            setSubsectionAdvice(id, i + 1, i < advices.size() ? advices.at(i) : QLatin1String(""));
+        if (code != VANTREL_OK)
+            return code;
+    }
+    return VANTREL_OK;
 }
 
 int CustomReport::adviceSlotCount(const QString& id)

@@ -66,6 +66,8 @@ public:
     int setSummaryEntryAdvice(const QString& entryId, const QString& advice);
     /// @p number counts from 1.
     int setSubsectionAdvice(const QString& id, int number, const QString& advice);
+    /// Fills all slots of the subsection, with empty texts where the list is shorter.
+    int setSubsectionAdvices(const QString& id, const QStringList& advices);
     /// How many advice texts the subsection takes; -1, with the error set, if there is none.
     int adviceSlotCount(const QString& id);
     /// @}

@@ -119,6 +119,18 @@ static int bad_advice(vantrel* r)
 {
     return vantrel_set_dominant_metric_advice(r, "\xff");
 }
+static int script_advice(vantrel* r)
+{
+    return vantrel_set_dominant_metric_advice(r, "<script>x</script>");
+}
+static int entry_script(vantrel* r)
+{
+    return vantrel_set_summary_entry_advice(r, "x", "<b><img src='x'></b>");
+}
+static int section_script(vantrel* r)
+{
+    return vantrel_set_section_advice(r, "x", "<a href='x'>y</a>");
+}
 static int null_entry_advice(vantrel* r)
 {
     return vantrel_set_summary_entry_advice(r, "x", NULL);
@@ -176,6 +188,9 @@ static struct failing_call const failing_calls[] = {
     {null_advice, VANTREL_NULL_STRING,
      "null advice string found when setting dominant metric advice"},
     {bad_advice, VANTREL_INVALID_TEXT, "invalid UTF-8 sequence found in advice string"},
+    {script_advice, VANTREL_INVALID_TEXT, "invalid HTML sequence found in advice string"},
+    {entry_script, VANTREL_INVALID_TEXT, "invalid HTML sequence found in advice string"},
+    {section_script, VANTREL_INVALID_TEXT, "invalid HTML sequence found in advice string"},
     {null_entry_advice, VANTREL_NULL_STRING,
      "null advice string found when trying to set summary entry advice"},
     {entry_advice, VANTREL_UNKNOWN_SUMMARY_ENTRY, "no summary entry found with ID: \"x\""},
@@ -255,7 +270,7 @@ static void check_page(void)
     CHECK(vantrel_set_dominant_metric(report, "load") == VANTREL_OK);
     CHECK(vantrel_set_dominant_metric_advice(report, "<b>so</b>") == VANTREL_OK);
     CHECK(vantrel_set_summary_entry_advice(report, "a", "so") == VANTREL_OK);
-    CHECK(vantrel_set_section_advice(report, "s", "so") == VANTREL_OK);
+    CHECK(vantrel_set_section_advice(report, "s", "a < b<br>c &eacute;") == VANTREL_OK);
     CHECK(vantrel_write_html(report, &page) == VANTREL_OK && page != &untouched);
     CHECK(vantrel_write_html(report, &again) == VANTREL_OK && again != page);
     if (failures == 0) {

@@ -1,0 +1,154 @@
+#include "html/html_text.h"
+
+#include "html/html_entities.h"
+#include "html/void_tags.h"
+
+#include <QSet>
+#include <QXmlStreamReader>
+
+namespace vantrel {
+
+namespace {
+
+using TagSet = QSet<QString>;
+
+const TagSet& blockTags()
+{
+    static const TagSet tags{"p",  "div", "h1", "h2", "h3",  "h4",
+                             "h5", "h6",  "ul", "ol", "pre", "blockquote"};
+    return tags;
+}
+
+const TagSet& inlineTags()
+{
+    static const TagSet tags{"b",    "big", "i",    "small", "tt",     "abbr", "acronym", "cite",
+                             "code", "dfn", "em",   "kbd",   "strong", "samp", "time",    "var",
+                             "br",   "q",   "span", "sub",   "sup",    "label"};
+    return tags;
+}
+
+/// "html" is the wrapper's.
+bool isAllowed(const QString& name)
+{
+    return inlineTags().contains(name) || blockTags().contains(name) ||
+           name == QLatin1String("html");
+}
+
+/// Hands the tokens inside the wrapper to @p visit, up to the wrapper's end tag or the first fault.
+template <typename Visit>
+void walk(const QString& text, Visit visit)
+{
+    HtmlEntityResolver resolver;
+    QXmlStreamReader reader(normaliseHtml(text));
+    reader.setEntityResolver(&resolver);
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+    }
+    for (int depth = 1; depth > 0 && !reader.atEnd();) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement)
+            ++depth;
+        else if (token == QXmlStreamReader::EndElement)
+            --depth;
+        visit(token, reader);
+    }
+}
+
+bool isOnNewLine(const QString& text)
+{
+    return text.endsWith(u'\n');
+}
+
+void openElement(QString* out, const QString& name)
+{
+    if (name == QLatin1String("br") ||
+        (blockTags().contains(name) && !out->isEmpty() && !isOnNewLine(*out)))
+        *out += u'\n';
+}
+
+void closeElement(QString* out, const QString& name)
+{
+    if (name == QLatin1String("p"))
+        *out += QLatin1String("\n\n");
+    else if (blockTags().contains(name) && !isOnNewLine(*out))
+        *out += u'\n';
+}
+
+/// Breaks lines at blanks; a word that is too long stays whole.
+void wrap(QString* text, int width)
+{
+    int lineStart = 0;
+    int blank = -1;
+    for (int i = 0; i < text->size(); ++i) {
+        const QChar c = text->at(i);
+        if (c == u'\n' || c == u'\r') {
+            lineStart = i + 1;
+            blank = -1;
+            continue;
+        }
+        if (c == u' ')
+            blank = i;
+        if (blank >= 0 && i - lineStart >= width) {
+            (*text)[blank] = u'\n';
+            lineStart = blank + 1;
+            blank = -1;
+        }
+    }
+}
+
+} // namespace
+
+bool validateHtml(const QString& text, HtmlOptions /*options*/)
+{
+    bool ok = true;
+    walk(text, [&ok](QXmlStreamReader::TokenType token, const QXmlStreamReader& reader) {
+        if (token == QXmlStreamReader::StartElement || token == QXmlStreamReader::EndElement)
+            ok = isAllowed(reader.name().toString()) && ok;
+    });
+    return ok;
+}
+
+QString htmlToPlainText(const QString& html, HtmlOptions options)
+{
+    QString out;
+    walk(html, [&](QXmlStreamReader::TokenType token, const QXmlStreamReader& reader) {
+        switch (token) {
+        case QXmlStreamReader::StartElement:
+            openElement(&out, reader.name().toString());
+            break;
+        case QXmlStreamReader::EndElement:
+            closeElement(&out, reader.name().toString());
+            break;
+        case QXmlStreamReader::Characters:
+        case QXmlStreamReader::EntityReference:
+            out += options.collapseWhitespace ? collapseWhitespace(reader.text().toString())
+                                              : reader.text().toString();
+            break;
+        default:
+            break;
+        }
+    });
+    wrap(&out, options.lineWidth);
+    return out;
+}
+
+QString normaliseHtml(const QString& text)
+{
+    return closeVoidTags(QLatin1String("<html>") + text + QLatin1String("</html>"));
+}
+
+QString collapseWhitespace(const QString& text)
+{
+    QString result;
+    bool isInRun = false;
+    for (const QChar c : text) {
+        const bool isSpace = c == u' ' || c == u'\r' || c == u'\n' || c == u'\t';
+        if (!isSpace)
+            result += c;
+        else if (!isInRun)
+            result += u' ';
+        isInRun = isSpace;
+    }
+    return result;
+}
+
+} // namespace vantrel
