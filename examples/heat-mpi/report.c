@@ -1,6 +1,7 @@
 #define _GNU_SOURCE
 #include "report.h"
 
+#include "advice.h"
 #include "heat-report.h"
 #include "overview.h"
 
@@ -218,6 +219,8 @@ static int fill(vantrel* report, struct report_run const* run)
         code = set_balance(report, &all);
     if (code == VANTREL_OK)
         code = set_dominant(report, &all);
+    if (code == VANTREL_OK)
+        code = set_advice(report, &all);
     return code;
 }
 
