@@ -240,6 +240,11 @@ VANTREL_EXPORT char const* vantrel_library_id_string(void);
 #if defined(__cplusplus) && defined(QT_CORE_LIB)
 #include <QtCore/QVariant>
 
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
+
 /**
  * Reads a stored value. For programs that use Qt themselves; works on a report in error too.
  *
@@ -249,6 +254,10 @@ VANTREL_EXPORT char const* vantrel_library_id_string(void);
  */
 extern "C" VANTREL_EXPORT QVariant vantrel_internal_get_value(vantrel const* report,
                                                               char const* metricId);
+
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
 #endif
 
 #endif
