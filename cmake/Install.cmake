@@ -1,4 +1,5 @@
-# The header, the library, and what others find it by: a CMake package and a pkg-config file.
+# The header, the library, what others find it by (a CMake package and a pkg-config file), and the
+# schema for editors.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
@@ -18,3 +19,6 @@ install(FILES
 configure_file(cmake/vantrel.pc.in generated/vantrel.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES resources/custom/validation.xsd resources/catalog.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel)

@@ -71,7 +71,8 @@ foreach(name
     text_header.txt text_subsections.txt text_summary.txt text_template.txt
     header-data.json header.html vantrel.css
     corvane.js polyfill.js radar-chart.js
-    logo.png powered-by-corvane-reports.png)
+    logo.png powered-by-corvane-reports.png
+    validation.xsd)
     list(APPEND resource_files ${custom}/${name})
     string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
 endforeach()

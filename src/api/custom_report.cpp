@@ -1,5 +1,6 @@
 // The life of a report: creation from a definition, the latch, notices.
 #include "api/custom_report.h"
+#include "definition/schema_file.h"
 
 #include <QObject>
 #include <QTextCodec>
@@ -12,12 +13,6 @@ namespace vantrel {
 
 using report::ReportDefinition;
 using report::ReportIdScheme;
-
-namespace {
-
-const QString schemaResource = QStringLiteral(":/vantrel/custom/validation.xsd");
-
-} // namespace
 
 CustomReport::CustomReport(const char* xmlLayout)
 {
@@ -35,7 +30,7 @@ bool CustomReport::loadDefinition(const char* xmlLayout)
     }
     QString error;
     const std::unique_ptr<ReportDefinition> definition(ReportDefinition::load(
-        QByteArray(xmlLayout), QUrl(), schemaResource, &error, 0, ReportIdScheme()));
+        QByteArray(xmlLayout), QUrl(), report::compiledInSchema(), &error, 0, ReportIdScheme()));
     if (!error.isEmpty()) {
         setErrorFromFormat(error);
         return false;

@@ -17,30 +17,42 @@ public:
 
     /// Goes to the end of the next tag and counts the attributes that it can have: the "=" outside
     /// of quotes, and what declarations before it may add. False at the end of the text.
-    bool next(int* attributes)
+    bool next()
     {
         if (!skipTo('<'))
             return false;
-        *attributes = declared;
+        count = declared;
+        innermost = depth;
         if (skipPast("<!--", "-->") || skipPast("<![CDATA[", "]]>") || skipPast("<?", "?>"))
             return at != end;
         if (end - at > 1 && at[1] == '!')
-            return skipDeclaration(attributes);
+            return skipDeclaration();
+        const bool closes = end - at > 1 && at[1] == '/';
         for (; at != end && *at != '>'; ++at) {
             if (*at == '=')
-                ++*attributes;
+                ++count;
             else if ((*at == '"' || *at == '\'') && !skipTo(*at++))
                 return true;
         }
+        if (closes)
+            --depth;
+        else
+            innermost = depth + 1;
+        if (!closes && at[-1] != '/')
+            ++depth;
         return true;
     }
+
+    int attributes() const { return count; }
+    /// How deep the tag's element is nested; the root's level is 1.
+    int level() const { return innermost; }
 
     const char* position() const { return at; }
 
 private:
     /// A document type's own declarations are tags of their own. Others can bring attributes as
     /// defaults and inside of entities, so each "=" and each quote of them counts.
-    bool skipDeclaration(int* attributes)
+    bool skipDeclaration()
     {
         const bool isDocumentType =
             QByteArray::fromRawData(at, int(end - at)).startsWith("<!DOCTYPE");
@@ -52,7 +64,7 @@ private:
             if (isQuote && (!quote || quote == *at))
                 quote = quote ? '\0' : *at;
         }
-        *attributes = declared;
+        count = declared;
         return at != end;
     }
 
@@ -77,27 +89,50 @@ private:
     const char* at;
     const char* end;
     int declared = 0;
+    int count = 0;
+    int depth = 0;
+    int innermost = 0;
 };
+
+/// Walks on as long as the tags are within the limit.
+template <typename Within>
+bool checkTags(const QByteArray& xml, const QUrl& url, QString* error, const QString& message,
+               Within within)
+{
+    TagWalk walk(xml);
+    while (walk.next()) {
+        if (within(walk))
+            continue;
+        if (error) {
+            const QByteArray before =
+                QByteArray::fromRawData(xml.constData(), int(walk.position() - xml.constData()));
+            *error =
+                framedMessage("Error in %1 at line %2 column %3: %4", url, before.count('\n') + 1,
+                              before.size() - (before.lastIndexOf('\n') + 1), message);
+        }
+        return false;
+    }
+    return true;
+}
 
 } // namespace
 
 bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error)
 {
-    TagWalk walk(xml);
-    for (int attributes = 0; walk.next(&attributes);) {
-        if (attributes <= mostAttributes)
-            continue;
-        if (error) {
-            const QByteArray before =
-                QByteArray::fromRawData(xml.constData(), int(walk.position() - xml.constData()));
-            *error = framedMessage(
-                "Error in %1 at line %2 column %3: %4", url, before.count('\n') + 1,
-                before.size() - (before.lastIndexOf('\n') + 1),
-                QObject::tr("An element has more than %1 attributes").arg(mostAttributes));
-        }
-        return false;
-    }
-    return true;
+    return checkTags(xml, url, error,
+                     QObject::tr("An element has more than %1 attributes").arg(mostAttributes),
+                     [](const TagWalk& walk) { return walk.attributes() <= mostAttributes; });
+}
+
+bool checkNesting(const QByteArray& xml, const QUrl& url, QString* error)
+{
+    return checkTags(xml, url, error, tooDeepMessage(),
+                     [](const TagWalk& walk) { return walk.level() <= mostLevels; });
+}
+
+QString tooDeepMessage()
+{
+    return QObject::tr("Elements are nested more than %1 levels deep").arg(mostLevels);
 }
 
 } // namespace vantrel::report

@@ -10,10 +10,17 @@ namespace vantrel::report {
 /// end to them.
 constexpr int mostAttributes = 1000;
 
+/// Validators recurse on the depth of a document.
+constexpr int mostLevels = 200;
+
 /// Refuses a text that would keep an XML reader busy for ever. Looks at the bytes alone and takes
 /// time in proportion to them.
 ///
 /// @return false, with a message in @p error, which may be null
 bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error);
+
+/// Refuses a text whose elements are nested more than mostLevels deep, in the same way.
+bool checkNesting(const QByteArray& xml, const QUrl& url, QString* error);
+QString tooDeepMessage();
 
 } // namespace vantrel::report

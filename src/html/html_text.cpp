@@ -34,6 +34,24 @@ bool isAllowed(const QString& name)
            name == QLatin1String("html");
 }
 
+/// The XML reader compares each attribute of a tag with all others of it, so there must be an end
+/// to them. A tag ends before the next "<", and an attribute has "=" and a quote.
+bool hasTooManyAttributes(const QString& text)
+{
+    constexpr int mostAttributes = 1000;
+    int attributes = 0;
+    QChar last;
+    for (const QChar c : text) {
+        if (c == u'<')
+            attributes = 0;
+        else if ((c == u'"' || c == u'\'') && last == u'=' && ++attributes > mostAttributes)
+            return true;
+        if (!c.isSpace())
+            last = c;
+    }
+    return false;
+}
+
 /// Hands the tokens inside the wrapper to @p visit, up to the wrapper's end tag or the first fault.
 template <typename Visit>
 void walk(const QString& text, Visit visit)
@@ -99,6 +117,8 @@ void wrap(QString* text, int width)
 
 bool validateHtml(const QString& text, HtmlOptions /*options*/)
 {
+    if (hasTooManyAttributes(text))
+        return false;
     bool ok = true;
     walk(text, [&ok](QXmlStreamReader::TokenType token, const QXmlStreamReader& reader) {
         if (token == QXmlStreamReader::StartElement || token == QXmlStreamReader::EndElement)
@@ -110,6 +130,8 @@ bool validateHtml(const QString& text, HtmlOptions /*options*/)
 QString htmlToPlainText(const QString& html, HtmlOptions options)
 {
     QString out;
+    if (hasTooManyAttributes(html))
+        return out;
     walk(html, [&](QXmlStreamReader::TokenType token, const QXmlStreamReader& reader) {
         switch (token) {
         case QXmlStreamReader::StartElement:

@@ -13,7 +13,8 @@ struct HtmlOptions {
 };
 
 /// Whether a fragment has allowed tags only. It is a test of names: text that isn't well-formed
-/// passes, and what stands behind such a fault isn't looked at.
+/// passes, and what stands behind such a fault isn't looked at. A tag of more than 1000 attributes
+/// is refused.
 bool validateHtml(const QString& text, HtmlOptions options = {});
 
 /// The text of a fragment with its lines wrapped; paragraphs and blocks begin on lines of their

@@ -181,19 +181,21 @@ TEST(ExportedCalls, areLatchedButForBadStringValues)
 
 TEST(ExportedCalls, tellWhyACreationFailed)
 {
-    const QByteArray xml = "<report name='r'><reportMetrics><reportMetric id='a' displayName='A' "
-                           "type='%1$s%%%d' units='";
+    const auto changed = [](const char* before, const char* after) {
+        return QByteArray(definition).replace(before, after);
+    };
     const std::pair<QByteArray, std::string> rows[] = {
         {QByteArray(), "xml layout buffer pointer is null"},
-        {"<report name=''/>", "internal report definition pointer is null"},
+        {changed("name='R'", "name=''"), "internal report definition pointer is null"},
         {"<report/>",
-         "Error in  at line 1 column 9: Missing string attribute 'name' for 'report' element"},
-        {xml + "'/>",
-         "Error in  at line 1 column 95: Unrecognised value for attribute 'type' for "
-         "'reportMetric' element: '%0'. Expected one of: 'string', 'boolean', 'integer', "
-         "'double'."},
-        {QByteArray(definition).replace("<reportMetrics>", "<reportMetrics><x/>"),
-         "Warning in  at line 1 column 36: Unrecognised element 'x' in <reportMetric>"},
+         "The report definition XML does not have the attribute "
+         "xmlns=\"http://www.corvane.example/2016/CorvaneReports\" set in the <report> or "
+         "<partialReport> element."},
+        {changed("<entry reportMetric='a.b'/>", "<entry reportMetric='a.b' requires='%1$s%%%d'/>"),
+         "Error in  at line 10 column 47: There is no metric with id=\"%0\" in this report"},
+        {changed(" maxAdviceStrings='3'>", " errorMetric='cpu'>"),
+         "Error in  at line 9 column 69: errorMetric attribute must refer to a string metric, but "
+         "metric \"cpu\" is of type \"Double\""},
     };
     for (const auto& [text, message] : rows) {
         const Handle report = create(text.isNull() ? nullptr : text.constData());
@@ -202,6 +204,9 @@ TEST(ExportedCalls, tellWhyACreationFailed)
         EXPECT_EQ(vantrel_error_message(report.get()), message);
         EXPECT_EQ(vantrel_set_value_double(report.get(), "cpu", 1), 12);
     }
+    const Handle misspelt = create(changed("<reportMetrics>", "<reportMetrics><x/>").constData());
+    EXPECT_NE(std::string(vantrel_error_message(misspelt.get())).find(" at line 2 column "),
+              std::string::npos);
     const Handle report = create();
     EXPECT_EQ(vantrel_set_value_double(report.get(), QByteArray(5000, 'x').constData(), 1), 4);
     EXPECT_EQ(vantrel_error_message(report.get()),

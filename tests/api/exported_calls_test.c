@@ -309,7 +309,8 @@ static int count_entries(char const* path)
     return count;
 }
 
-/* What the library leaves behind in the process: no thread and, after the first report, no file. */
+/* What valid definitions leave behind in the process: no thread and, after the first report, no
+   file. */
 static void check_traces(void)
 {
     int const files = count_entries("/proc/self/fd");
@@ -319,6 +320,27 @@ static void check_traces(void)
     CHECK(count_entries("/proc/self/fd") == files);
     CHECK(count_entries("/proc/self/task") == threads);
     CHECK(threads == 3); /* ".", ".." and the one that runs this */
+}
+
+/* Explaining what is wrong starts threads and opens files, but not anew for each definition. */
+static void check_refusals(void)
+{
+    int files = 0;
+    int threads = 0;
+    int i;
+    for (i = 0; i < 20; ++i) {
+        vantrel* report = vantrel_create(
+            "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\"><x/></report>");
+        CHECK(report && vantrel_has_error(report) == 1);
+        CHECK(strstr(vantrel_error_message(report), " at line 1 column ") != NULL);
+        vantrel_free(report);
+        if (i == 0) {
+            files = count_entries("/proc/self/fd");
+            threads = count_entries("/proc/self/task");
+        }
+    }
+    CHECK(count_entries("/proc/self/fd") == files);
+    CHECK(count_entries("/proc/self/task") == threads);
 }
 
 int main(void)
@@ -334,5 +356,6 @@ int main(void)
     check_failing_calls();
     check_page();
     check_traces();
+    check_refusals();
     return failures == 0 ? 0 : 1;
 }

@@ -46,7 +46,6 @@ TEST(ReportOutput, tellsWhatIsMissing)
         QString message;
     } rows[] = {
         {"first of all metrics", "", "", false, "No metric value has been set for 'cpu'"},
-        {"percent in an id", "cpu", "%5d%%", false, "No metric value has been set for '    0%'"},
         {"a bound's id may be skipped, but not its key", "</reportMetrics>", exempt, true,
          list + "custom.report.metric.overview.bound1.long"},
         {"two details", "", "", true,
@@ -71,6 +70,12 @@ TEST(ReportOutput, tellsWhatIsMissing)
         EXPECT_EQ(output, nullptr);
         EXPECT_EQ(report.text(), row.message.toStdString());
     }
+    Report report;
+    ReportMetric strange = report.metric("cpu");
+    strange.id = "%5d%%";
+    report.setMetrics({strange});
+    EXPECT_EQ(report.generate(), 7);
+    EXPECT_EQ(report.text(), "No metric value has been set for '    0%'");
 }
 
 TEST(ReportOutput, namesThePlaceOfBadPlaceholders)
@@ -85,7 +90,7 @@ TEST(ReportOutput, namesThePlaceOfBadPlaceholders)
         std::string message;
     } rows[] = {
         {"heading", heading, "<heading>${cpu} ${ x } ${y}</heading>", invalidPlaceholder("x", "")},
-        {"footer", "</summary>", "<footer>${*}</footer></summary>",
+        {"footer", heading, "<heading>h</heading><footer>${*}</footer>",
          invalidPlaceholder("*", " (in summary footer)")},
         {"summary entry", late,
          "<entry id='late' reportMetric='a.b'><description>${*no}</description></entry>",

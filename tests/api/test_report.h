@@ -9,7 +9,8 @@
 /// A report to set and to write.
 namespace vantrel {
 
-inline constexpr char definition[] = R"(<report name='R'><reportMetrics>
+inline constexpr char definition[] = R"(<report
+xmlns="http://www.corvane.example/2016/CorvaneReports" name='R'><reportMetrics>
 <reportMetric id='cpu' displayName='CPU' units='%' breakdownSubsection='mem'/>
 <reportMetric id='a.b' displayName='A'/>
 <reportMetric id='text' displayName='T' type='string'/>

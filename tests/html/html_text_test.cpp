@@ -54,6 +54,12 @@ TEST(ValidateHtml, IsQuickWithLargeAndDeepTexts)
     EXPECT_TRUE(validateHtml(QString("<br ").repeated(200000)));
     EXPECT_TRUE(validateHtml(QString("<br \"'").repeated(200000)));
     EXPECT_FALSE(validateHtml(QString("<u>").repeated(300000)));
+    QString attributes = "<b";
+    for (int i = 0; i < 100000; ++i)
+        attributes += QString(" a%1 = ''").arg(i);
+    EXPECT_FALSE(validateHtml(attributes + ">x</b>"));
+    EXPECT_EQ(htmlToPlainText(attributes + ">x</b>"), "");
+    EXPECT_TRUE(validateHtml(QString("<b c=''>==== '' \"</b>").repeated(2000)));
     EXPECT_EQ(htmlToPlainText(QString("<p>").repeated(300000) + "x"), "x");
 }
 

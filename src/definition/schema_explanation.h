@@ -1,0 +1,34 @@
+#pragma once
+
+#include "definition/schema_file.h"
+
+#include <QAbstractMessageHandler>
+#include <QUrl>
+
+namespace vantrel::report {
+
+/// Puts the validator's messages together in one text.
+class MessageHandler : public QAbstractMessageHandler {
+public:
+    /// @param messages takes the text; may be null
+    /// @param next     is handed each message as well; may be null
+    MessageHandler(QString* messages, QAbstractMessageHandler* next)
+        : error(messages), chained(next)
+    {}
+
+protected:
+    void handleMessage(QtMsgType type, const QString& description, const QUrl& identifier,
+                       const QSourceLocation& sourceLocation) override;
+
+private:
+    QString* error;
+    QAbstractMessageHandler* chained;
+};
+
+/// Lets Qt judge the document. Slow, and starts threads; the messages are worth it.
+///
+/// @param error may be null
+bool explainWithQt(const QByteArray& xml, const QUrl& url, const SchemaFile& schema, QString* error,
+                   int messageMode);
+
+} // namespace vantrel::report
