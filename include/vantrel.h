@@ -18,7 +18,8 @@
  *    (#VANTREL_NULL_HANDLE) and a null output pointer (#VANTREL_NULL_OUTPUT).
  * 4. No C++ exception leaves a call.
  * 5. A handle belongs to one thread at a time, and two threads must not create reports at the
- *    same moment. The library starts no threads and runs no event loop.
+ *    same moment. The library starts no threads and runs no event loop; but the first definition
+ *    that the schema refuses makes Qt's validator start two threads of its own.
  * 6. The library works inside your process. If there is no QCoreApplication yet, the first
  *    vantrel_create() makes one, which stays until the process ends, and it leaves your locale as
  *    it was. The codec that Qt uses for local 8-bit text is set to UTF-8.
