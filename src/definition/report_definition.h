@@ -10,11 +10,16 @@
 
 namespace vantrel::report {
 
+class MessageHandler;
+
 /// What a report has, shows and is called: the content of one definition document.
 ///
 /// A value object of implicitly shared containers. It holds no values of metrics.
 class ReportDefinition {
 public:
+    /// What the schema check hands its messages to.
+    using MessageHandler = report::MessageHandler;
+
     ReportDefinition() = default;
     /// A definition under the built-in id scheme that has metrics and nothing else.
     ReportDefinition(const QList<ReportMetric>& metrics, const QString& name, const QUrl& url);
