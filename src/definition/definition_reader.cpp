@@ -1,10 +1,11 @@
-// Reads a definition document, from its root to the three sections.
+// Reads a definition document, full or partial, from its root to the three sections.
 #include "definition/definition_reader.h"
 
 #include "definition/schema_validation.h"
 #include "definition/section_readers.h"
 #include "definition/site_addresses.h"
 #include "definition/text_limits.h"
+#include "host/whole_file.h"
 #include "metrics/builtin_metrics.h"
 
 #include <QObject>
@@ -18,6 +19,13 @@ namespace {
 QString textOr(const QString& text, const QString& fallback)
 {
     return text.isEmpty() ? fallback : text;
+}
+
+bool expectRoot(XmlSource& xml, const char* name)
+{
+    return xml.elementName() == QLatin1String(name) ||
+           xml.fail(QObject::tr("Expected '%1' as the root element, got '%2'")
+                        .arg(QString::fromLatin1(name), xml.elementName().toString()));
 }
 
 bool readRootAttributes(ReportDefinition& definition, XmlSource& xml)
@@ -35,44 +43,116 @@ bool readRootAttributes(ReportDefinition& definition, XmlSource& xml)
     return true;
 }
 
-} // namespace
-
-bool readDefinition(ReportDefinition& definition, XmlSource& xml)
+bool readFullReport(ReportDefinition& definition, XmlSource& xml)
 {
-    xml.readNextStart();
     definition.clearContent();
     definition.setUrl(xml.url());
     // The attributes come first: a wrong root without a name is told that it lacks the name.
-    if (!readRootAttributes(definition, xml))
+    if (!readRootAttributes(definition, xml) || !expectRoot(xml, "report"))
         return false;
-    if (xml.elementName() != QLatin1String("report")) {
-        return xml.fail(QObject::tr("Expected '%1' as the root element, got '%2'")
-                            .arg(QStringLiteral("report"), xml.elementName().toString()));
-    }
     xml.readNextStart();
     if (!readMetrics(definition, xml))
         return false;
     xml.readNextStart();
-    if (!readSummary(definition, xml))
+    if (!readSummary(definition, xml, FullReport))
         return false;
     xml.readNextStart();
     return readSubsections(definition, xml);
+}
+
+/// The sections are optional but stand in their order. What stands elsewhere isn't read.
+bool readPartialSections(ReportDefinition& definition, XmlSource& xml)
+{
+    xml.readNextStart();
+    if (xml.elementName() == QLatin1String("reportMetrics")) {
+        if (!readMetrics(definition, xml))
+            return false;
+        xml.readNextStart();
+    }
+    if (xml.elementName() == QLatin1String("summary")) {
+        if (!readSummary(definition, xml, PartialReport))
+            return false;
+        xml.readNextStart();
+    }
+    return xml.elementName() != QLatin1String("subsections") || readSubsections(definition, xml);
+}
+
+bool readPartialReport(ReportDefinition& definition, XmlSource& xml)
+{
+    QString name;
+    if (!xml.readString("name", XmlSource::Required, &name))
+        return false;
+    definition.setLogo(defaultLogo());
+    definition.setLogoLink(defaultLogoLink());
+    if (!expectRoot(xml, "partialReport") || !readPartialSections(definition, xml))
+        return false;
+    definition.addPartialReport(name, xml.url());
+    return true;
+}
+
+/// Whether a text is worth reading.
+bool checkDocument(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
+                   QString* error, int messageMode)
+{
+    if (error)
+        error->clear();
+    return checkTextLimits(xml, url, error) &&
+           (schemaPath.isEmpty() || validateDefinition(xml, url, schemaPath, error, messageMode));
+}
+
+bool readDocumentFile(const QString& path, QByteArray* xml, QString* error)
+{
+    if (error)
+        error->clear();
+    return readWholeFile(path, "File", xml, error);
+}
+
+} // namespace
+
+bool readDefinition(ReportDefinition& definition, XmlSource& xml, DocumentKind kind)
+{
+    xml.readNextStart();
+    return kind == PartialReport ? readPartialReport(definition, xml)
+                                 : readFullReport(definition, xml);
 }
 
 ReportDefinition* ReportDefinition::load(const QByteArray& xml, const QUrl& url,
                                          const QString& schemaPath, QString* error, int messageMode,
                                          const ReportIdScheme& scheme)
 {
-    if (error)
-        error->clear();
-    if (!checkTextLimits(xml, url, error))
-        return nullptr;
-    if (!schemaPath.isEmpty() && !validateDefinition(xml, url, schemaPath, error, messageMode))
+    if (!checkDocument(xml, url, schemaPath, error, messageMode))
         return nullptr;
     auto definition = std::make_unique<ReportDefinition>();
     definition->setIdScheme(scheme);
     XmlSource source(xml, url, error);
-    return readDefinition(*definition, source) ? definition.release() : nullptr;
+    return readDefinition(*definition, source, FullReport) ? definition.release() : nullptr;
+}
+
+ReportDefinition* ReportDefinition::loadFile(const QString& path, const QString& schemaPath,
+                                             QString* error, int messageMode,
+                                             const ReportIdScheme& scheme)
+{
+    QByteArray xml;
+    if (!readDocumentFile(path, &xml, error))
+        return nullptr;
+    return load(xml, QUrl::fromLocalFile(path), schemaPath, error, messageMode, scheme);
+}
+
+bool ReportDefinition::merge(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
+                             QString* error, int messageMode)
+{
+    if (!checkDocument(xml, url, schemaPath, error, messageMode))
+        return false;
+    XmlSource source(xml, url, error);
+    return readDefinition(*this, source, PartialReport);
+}
+
+bool ReportDefinition::mergeFile(const QString& path, const QString& schemaPath, QString* error,
+                                 int messageMode)
+{
+    QByteArray xml;
+    return readDocumentFile(path, &xml, error) &&
+           merge(xml, QUrl::fromLocalFile(path), schemaPath, error, messageMode);
 }
 
 bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QString& id)
@@ -113,6 +193,12 @@ void readDescription(XmlSource& xml, QString* description)
     else
         xml.skipElement();
     xml.skipElement();
+}
+
+bool failAgainstSources(const ReportDefinition& definition, XmlSource& xml, const char* message,
+                        const QString& id)
+{
+    return xml.fail(QObject::tr(message).arg(id) + definition.describeSources(8));
 }
 
 bool expectElement(XmlSource& xml, const char* name, const char* message)

@@ -1,7 +1,6 @@
 #include "definition/section_readers.h"
 
 #include <QObject>
-#include <QSet>
 
 namespace vantrel::report {
 
@@ -94,12 +93,40 @@ bool checkCollision(const ReportDefinition& definition, XmlSource& xml, const QS
                              id, existing));
 }
 
+/// @p added has the ids of this document's new metrics.
+bool addMetric(ReportDefinition& definition, QSet<QString>* added, XmlSource& xml)
+{
+    const bool isKnown = definition.hasMetric(xml.attribute("id"));
+    ReportMetric metric;
+    if (!readMetricAttributes(&metric, isKnown, xml) || !readMetricContent(&metric, xml))
+        return false;
+    if (added->contains(metric.id)) {
+        return xml.fail(QObject::tr("There is already a metric with id=\"%1\" in the <metrics> "
+                                    "section of this file")
+                            .arg(metric.id));
+    }
+    if (isKnown) {
+        return definition.mergeMetric(metric) ||
+               failAgainstSources(definition, xml,
+                                  "Unable to merge metric with id=\"%1\" from this file into the "
+                                  "existing report that was constructed from the following "
+                                  "files:\n",
+                                  metric.id);
+    }
+    if (!checkNewId(definition, xml, metric.id) || !checkCollision(definition, xml, metric.id))
+        return false;
+    added->insert(metric.id);
+    definition.appendMetric(metric);
+    return true;
+}
+
 } // namespace
 
 bool readMetrics(ReportDefinition& definition, XmlSource& xml)
 {
     if (!expectElement(xml, "reportMetrics", "Expected start of 'reportMetrics' element, got '%1'"))
         return false;
+    QSet<QString> added;
     while (xml.readNextStart()) {
         if (xml.elementName() != QLatin1String("reportMetric")) {
             xml.setWarning(QObject::tr("Unrecognised element '%1' in <reportMetric>")
@@ -107,19 +134,8 @@ bool readMetrics(ReportDefinition& definition, XmlSource& xml)
             xml.skipElement();
             continue;
         }
-        const QString id = xml.attribute("id");
-        ReportMetric metric;
-        if (!readMetricAttributes(&metric, definition.hasMetric(id), xml) ||
-            !readMetricContent(&metric, xml))
+        if (!addMetric(definition, &added, xml))
             return false;
-        if (definition.hasMetric(metric.id)) {
-            return xml.fail(QObject::tr("There is already a metric with id=\"%1\" in the <metrics> "
-                                        "section of this file")
-                                .arg(metric.id));
-        }
-        if (!checkNewId(definition, xml, metric.id) || !checkCollision(definition, xml, metric.id))
-            return false;
-        definition.appendMetric(metric);
     }
     return true;
 }

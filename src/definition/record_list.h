@@ -34,6 +34,12 @@ public:
     /// Position of the record, or -1.
     int indexOf(const QString& id) const { return positions.value(id, -1); }
     bool contains(const QString& id) const { return positions.contains(id); }
+    /// The record, for changes to all but its id; null if there is none.
+    Record* find(const QString& id)
+    {
+        const int position = indexOf(id);
+        return position < 0 ? nullptr : &records[position];
+    }
     /// A copy of the record, or a default one.
     Record value(const QString& id) const { return records.value(indexOf(id)); }
     const QList<Record>& all() const { return records; }

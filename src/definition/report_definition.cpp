@@ -1,5 +1,7 @@
 #include "definition/report_definition.h"
 
+#include "definition/record_merging.h"
+
 #include <QObject>
 
 #include <algorithm>
@@ -34,6 +36,7 @@ void ReportDefinition::setMetrics(const QList<ReportMetric>& list)
 {
     m_metrics.clear();
     m_metricIdTree.clear();
+    m_uncheckedBreakdowns.clear();
     for (const ReportMetric& metric : list)
         appendMetric(metric);
 }
@@ -42,6 +45,22 @@ void ReportDefinition::appendMetric(const ReportMetric& metric)
 {
     m_metrics.append(metric);
     m_metricIdTree.append(metric.id);
+    noteBreakdown(metrics().size() - 1);
+}
+
+bool ReportDefinition::mergeMetric(const ReportMetric& later)
+{
+    ReportMetric* earlier = m_metrics.find(later.id);
+    if (!earlier || !mergeRecord(earlier, later))
+        return false;
+    noteBreakdown(m_metrics.indexOf(later.id));
+    return true;
+}
+
+void ReportDefinition::noteBreakdown(int position)
+{
+    if (!metrics().at(position).breakdownSubsection.isEmpty())
+        m_uncheckedBreakdowns.insert(position);
 }
 
 QSet<QString> ReportDefinition::metricIds() const
@@ -70,6 +89,60 @@ QList<Subsection> ReportDefinition::subsections() const
     for (Subsection& subsection : list)
         subsection.entries = inDisplayOrder(subsection.entries);
     return list;
+}
+
+void ReportDefinition::setSubsections(const QList<Subsection>& list)
+{
+    m_subsections.clear();
+    m_maxAdviceStrings = 0;
+    for (const Subsection& subsection : list)
+        appendSubsection(subsection);
+    for (int position = 0; position < metrics().size(); ++position)
+        noteBreakdown(position);
+}
+
+void ReportDefinition::appendSubsection(const Subsection& subsection)
+{
+    m_subsections.append(subsection);
+    m_maxAdviceStrings += qMax(subsection.maxAdviceStrings, 0);
+}
+
+template <typename Change>
+bool ReportDefinition::changeSubsection(const QString& id, const Change& change)
+{
+    Subsection* subsection = m_subsections.find(id);
+    if (!subsection)
+        return false;
+    m_maxAdviceStrings -= qMax(subsection->maxAdviceStrings, 0);
+    const bool isChanged = change(subsection);
+    m_maxAdviceStrings += qMax(subsection->maxAdviceStrings, 0);
+    return isChanged;
+}
+
+bool ReportDefinition::mergeSubsection(const Subsection& later)
+{
+    return changeSubsection(later.id,
+                            [&](Subsection* subsection) { return mergeRecord(subsection, later); });
+}
+
+bool ReportDefinition::replaceSubsection(const Subsection& later)
+{
+    return changeSubsection(later.id, [&](Subsection* subsection) {
+        *subsection = later;
+        return true;
+    });
+}
+
+const ReportMetric* ReportDefinition::findMissingBreakdown()
+{
+    while (!m_uncheckedBreakdowns.empty()) {
+        const auto first = m_uncheckedBreakdowns.begin();
+        const ReportMetric& metric = metrics().at(*first);
+        if (!hasSubsection(metric.breakdownSubsection))
+            return &metric;
+        m_uncheckedBreakdowns.erase(first);
+    }
+    return nullptr;
 }
 
 void ReportDefinition::clearContent()

@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QUrl>
 
+#include <set>
+
 namespace vantrel::report {
 
 class MessageHandler;
@@ -36,6 +38,20 @@ public:
     /// @return a definition that the caller owns, or null
     static ReportDefinition* load(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
                                   QString* error, int messageMode, const ReportIdScheme& scheme);
+    /// The same from a file. A file that can't be read gives a bare message.
+    static ReportDefinition* loadFile(const QString& path, const QString& schemaPath,
+                                      QString* error, int messageMode,
+                                      const ReportIdScheme& scheme);
+
+    /// Adds a partial document, whose metrics, summary and subsections supplement or change what
+    /// is there. The logo and its link go back to the default ones. Parameters are those of load().
+    ///
+    /// @return false if the document is refused. What it changed before the place of its fault
+    ///         stays changed; only a document that the schema refuses changes nothing.
+    bool merge(const QByteArray& xml, const QUrl& url, const QString& schemaPath, QString* error,
+               int messageMode);
+    /// The same from a file. A file that can't be read gives a bare message.
+    bool mergeFile(const QString& path, const QString& schemaPath, QString* error, int messageMode);
 
     const ReportIdScheme& idScheme() const { return m_scheme; }
     void setIdScheme(const ReportIdScheme& scheme) { m_scheme = scheme; }
@@ -52,6 +68,8 @@ public:
     const QList<ReportMetric>& metrics() const { return m_metrics.all(); }
     void setMetrics(const QList<ReportMetric>& list);
     void appendMetric(const ReportMetric& metric);
+    /// Merges a later record into the first one of its id; false if there is none.
+    bool mergeMetric(const ReportMetric& later);
     QSet<QString> metricIds() const;
     bool hasMetric(const QString& id) const { return m_metrics.contains(id); }
     /// The first metric of this id, or a default record.
@@ -69,15 +87,27 @@ public:
 
     /// The subsections in display order, each with its entries in display order.
     QList<Subsection> subsections() const;
-    void setSubsections(const QList<Subsection>& list) { m_subsections.replaceAll(list); }
-    void appendSubsection(const Subsection& subsection) { m_subsections.append(subsection); }
+    void setSubsections(const QList<Subsection>& list);
+    void appendSubsection(const Subsection& subsection);
+    /// Merges a later record into the first one of its id; false if there is none.
+    bool mergeSubsection(const Subsection& later);
+    /// Puts a later record in the place of the first one of its id; false if there is none.
+    bool replaceSubsection(const Subsection& later);
     bool hasSubsection(const QString& id) const { return m_subsections.contains(id); }
     /// The first subsection of this id, or a default record.
     Subsection subsection(const QString& id) const { return m_subsections.value(id); }
+    /// How many advice strings all subsections accept together.
+    qint64 maxAdviceStrings() const { return m_maxAdviceStrings; }
+    /// The first metric that is broken down by a subsection which isn't there, or null. Metrics
+    /// that have passed aren't looked at again until one of them or the subsections change.
+    const ReportMetric* findMissingBreakdown();
 
     /// Takes away the metrics, the summary, the subsections and the merged documents.
     void clearContent();
 
+    /// Notes that a partial document of this name was merged.
+    void addPartialReport(const QString& name, const QUrl& url) { m_partialReports[name] = url; }
+    const QMap<QString, QUrl>& partialReports() const { return m_partialReports; }
     /// One line for the document and one for each merged one: name and address.
     QString describeSources(int indent) const;
 
@@ -89,6 +119,9 @@ public:
 
 private:
     static void appendMarkup(QString& text, const QString& markup);
+    void noteBreakdown(int position);
+    template <typename Change>
+    bool changeSubsection(const QString& id, const Change& change);
 
     ReportIdScheme m_scheme;
     QString m_name;
@@ -97,10 +130,12 @@ private:
     QUrl m_url;
     RecordList<ReportMetric> m_metrics;
     MetricIdTree m_metricIdTree;
+    std::set<int> m_uncheckedBreakdowns; ///< positions of metrics
     QString m_summaryHeading;
     QString m_summaryFooter;
     RecordList<SummaryEntry> m_summaryEntries;
     RecordList<Subsection> m_subsections;
+    qint64 m_maxAdviceStrings = 0;
     QMap<QString, QUrl> m_partialReports;
 };
 

@@ -1,7 +1,6 @@
 #include "definition/schema_file.h"
 
-#include <QFile>
-#include <QObject>
+#include "host/whole_file.h"
 
 namespace vantrel::report {
 
@@ -12,20 +11,9 @@ QString compiledInSchema()
 
 bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
 {
-    QFile file(path);
-    const auto fail = [&](const char* message) {
-        if (error)
-            *error = QObject::tr(message).arg(file.fileName());
+    if (!readWholeFile(path, "Schema file", &schema->text, error))
         return false;
-    };
-    if (!file.exists())
-        return fail("Schema file '%1' does not exist");
-    if (!file.open(QIODevice::ReadOnly))
-        return fail("Schema file '%1' could not be opened for reading");
-    if (!file.isReadable())
-        return fail("Schema file '%1' is not readable");
-    schema->path = file.fileName();
-    schema->text = file.readAll();
+    schema->path = path;
     // Each pair of markers becomes one comment around all that stands between them.
     schema->text.replace("<!-- Begin unique ID constraints -->",
                          "<!-- Begin unique ID constraints");

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "definition/report_definition.h"
-#include "definition/xml_source.h"
+#include "definition/definition_reader.h"
+
+#include <QSet>
 
 /// The readers of a definition's three sections. Each is called with the source on the section's
-/// start tag and is false if the document is refused.
+/// start tag and is false if the document is refused. A record whose id came with an earlier
+/// document changes what is there; one whose id came before in the same document is refused.
 namespace vantrel::report {
 
 /// Advice slots are declared one by one, so there must be an end to them: for one subsection, and
@@ -15,7 +17,7 @@ constexpr int mostAdviceStrings = 100000;
 constexpr int mostIdParts = 200;
 
 bool readMetrics(ReportDefinition& definition, XmlSource& xml);
-bool readSummary(ReportDefinition& definition, XmlSource& xml);
+bool readSummary(ReportDefinition& definition, XmlSource& xml, DocumentKind kind);
 bool readSubsections(ReportDefinition& definition, XmlSource& xml);
 
 /// @name Shared by the sections
@@ -28,6 +30,10 @@ bool checkMetricExists(const ReportDefinition& definition, XmlSource& xml, const
 bool readRequires(const ReportDefinition& definition, XmlSource& xml, QString* out);
 /// Reads the description of an entry, if its first child is one, and goes to the entry's end tag.
 void readDescription(XmlSource& xml, QString* description);
+/// Refuses a record that can't go with what earlier documents brought. The message tells which
+/// ones.
+bool failAgainstSources(const ReportDefinition& definition, XmlSource& xml, const char* message,
+                        const QString& id);
 /// Refuses an element that isn't where it belongs.
 bool expectElement(XmlSource& xml, const char* name, const char* message);
 /// @}

@@ -120,7 +120,20 @@ bool readSubsection(const ReportDefinition& definition, Subsection* subsection, 
            readSubsectionContent(definition, subsection, xml);
 }
 
-bool addSubsection(ReportDefinition& definition, int* adviceStrings, XmlSource& xml)
+bool mergeSubsection(ReportDefinition& definition, const Subsection& subsection, bool overwrite,
+                     XmlSource& xml)
+{
+    if (overwrite)
+        return definition.replaceSubsection(subsection);
+    return definition.mergeSubsection(subsection) ||
+           failAgainstSources(definition, xml,
+                              "Unable to merge subsection with id=\"%1\" from this file into the "
+                              "existing report that was constructed from the following files:\n",
+                              subsection.id);
+}
+
+/// @p added has the ids of this document's new subsections.
+bool addSubsection(ReportDefinition& definition, QSet<QString>* added, XmlSource& xml)
 {
     bool overwrite = false;
     if (!xml.readBool("overwrite", false, &overwrite))
@@ -129,33 +142,31 @@ bool addSubsection(ReportDefinition& definition, int* adviceStrings, XmlSource& 
     const bool isKnown = definition.hasSubsection(xml.attribute("id"));
     if (!readSubsection(definition, &subsection, isKnown, xml))
         return false;
-    if (isKnown) {
+    if (added->contains(subsection.id)) {
         return xml.fail(QObject::tr("There is already a subsection with id=\"%1\" in the "
                                     "<subsections> section of this file")
                             .arg(subsection.id));
     }
-    if (!checkNewId(definition, xml, subsection.id))
-        return false;
-    *adviceStrings += qMax(subsection.maxAdviceStrings, 0);
-    if (*adviceStrings > mostAdviceStrings) {
-        return xml.fail(QObject::tr("The subsections have more than %1 advice strings together.")
-                            .arg(mostAdviceStrings));
+    if (isKnown) {
+        if (!mergeSubsection(definition, subsection, overwrite, xml))
+            return false;
+    } else {
+        if (!checkNewId(definition, xml, subsection.id))
+            return false;
+        added->insert(subsection.id);
+        definition.appendSubsection(subsection);
     }
-    definition.appendSubsection(subsection);
-    return true;
+    return definition.maxAdviceStrings() <= mostAdviceStrings ||
+           xml.fail(QObject::tr("The subsections have more than %1 advice strings together.")
+                        .arg(mostAdviceStrings));
 }
 
-bool checkBreakdowns(const ReportDefinition& definition, XmlSource& xml)
+bool checkBreakdowns(ReportDefinition& definition, XmlSource& xml)
 {
-    for (const ReportMetric& metric : definition.metrics()) {
-        const QString& id = metric.breakdownSubsection;
-        if (!id.isEmpty() && !definition.hasSubsection(id)) {
-            return xml.fail(QObject::tr("No subsection has id=\"%1\", required by the "
-                                        "\"breakdownSubsection\" attribute of the \"%2\" metric")
-                                .arg(id, metric.id));
-        }
-    }
-    return true;
+    const ReportMetric* metric = definition.findMissingBreakdown();
+    return !metric || xml.fail(QObject::tr("No subsection has id=\"%1\", required by the "
+                                           "\"breakdownSubsection\" attribute of the \"%2\" metric")
+                                   .arg(metric->breakdownSubsection, metric->id));
 }
 
 } // namespace
@@ -169,10 +180,10 @@ bool readSubsections(ReportDefinition& definition, XmlSource& xml)
         definition.setSubsections({});
     if (!expectElement(xml, "subsections", "Expected start of 'subsections' element, got '%1'"))
         return false;
-    int adviceStrings = 0;
+    QSet<QString> added;
     while (xml.readNextStart()) {
         if (xml.elementName() == QLatin1String("subsection")) {
-            if (!addSubsection(definition, &adviceStrings, xml))
+            if (!addSubsection(definition, &added, xml))
                 return false;
             continue;
         }

@@ -21,27 +21,36 @@ bool readSummaryEntry(const ReportDefinition& definition, SummaryEntry* entry, X
     return true;
 }
 
-bool addSummaryEntry(ReportDefinition& definition, XmlSource& xml)
+/// @p added has the ids of this document's entries.
+bool addSummaryEntry(ReportDefinition& definition, QSet<QString>* added, XmlSource& xml)
 {
     SummaryEntry entry;
     if (!readSummaryEntry(definition, &entry, xml))
         return false;
-    if (definition.hasSummaryEntry(entry.id)) {
+    if (added->contains(entry.id)) {
         return xml.fail(QObject::tr("There is already an entry with id=\"%1\" in the <summary> "
                                     "section of this file")
                             .arg(entry.id));
+    }
+    if (definition.hasSummaryEntry(entry.id)) {
+        return failAgainstSources(definition, xml,
+                                  "There is already a non-identical entry with id=\"%1\" in the "
+                                  "<summary> section of this report, added from one of the "
+                                  "following files:\n",
+                                  entry.id);
     }
     // Only the definition's own metrics can be shown, no built-in ones.
     if (!checkNewId(definition, xml, entry.id) ||
         !checkMetricExists(definition, xml, entry.reportMetric))
         return false;
+    added->insert(entry.id);
     definition.appendSummaryEntry(entry);
     return true;
 }
 
 } // namespace
 
-bool readSummary(ReportDefinition& definition, XmlSource& xml)
+bool readSummary(ReportDefinition& definition, XmlSource& xml, DocumentKind kind)
 {
     bool overwrite = false;
     if (!xml.readBool("overwrite", false, &overwrite))
@@ -50,8 +59,9 @@ bool readSummary(ReportDefinition& definition, XmlSource& xml)
         definition.setSummary({});
     if (!expectElement(xml, "summary", "Expected start of 'summary' element, got '%1'"))
         return false;
-    for (bool isFirst = true; xml.readNextStart(); isFirst = false) {
-        if (isFirst &&
+    QSet<QString> added;
+    for (bool needsHeading = kind == FullReport; xml.readNextStart(); needsHeading = false) {
+        if (needsHeading &&
             !expectElement(xml, "heading",
                            "Expected start of 'heading' element (from within 'summary'), got '%1'"))
             return false;
@@ -60,7 +70,7 @@ bool readSummary(ReportDefinition& definition, XmlSource& xml)
         } else if (xml.elementName() == QLatin1String("footer")) {
             definition.appendSummaryFooter(xml.readMarkup());
         } else if (xml.elementName() == QLatin1String("entry")) {
-            if (!addSummaryEntry(definition, xml))
+            if (!addSummaryEntry(definition, &added, xml))
                 return false;
         } else {
             xml.setWarning(QObject::tr("Unrecognised element '%1' in <summary>")
