@@ -1,5 +1,5 @@
-# The header, the library, what others find it by (a CMake package and a pkg-config file), and the
-# schema for editors.
+# The header, the library, what others find it by (a CMake package and a pkg-config file), the
+# default definition, and the schema for editors.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
@@ -19,6 +19,9 @@ install(FILES
 configure_file(cmake/vantrel.pc.in generated/vantrel.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# The library looks for it at this place below the installation's root.
+install(FILES resources/report-default.xml DESTINATION vantrel/templates)
 
 install(FILES resources/custom/validation.xsd resources/catalog.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel)

@@ -97,7 +97,6 @@ private:
     int checkAdvice(const char* advice);
     int setBound(const QString& key, const QString& id);
     int checkDefinitionMetrics();
-    bool takeSectionError(const QString& error);
     int completeDominantMetric();
     int checkMissingValues();
 

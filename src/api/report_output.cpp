@@ -1,7 +1,6 @@
 // From a filled report to the bytes of a document.
 #include "api/custom_report.h"
 #include "metrics/metric_ids.h"
-#include "render/branding.h"
 #include "render/report_renderer.h"
 #include "render/report_sections.h"
 
@@ -60,16 +59,10 @@ int CustomReport::generateReport(QByteArray* bytes, ReportOutputKind kind)
     if (const int code = checkDefinitionMetrics())
         return code;
     ReportSections sections;
-    sections.branding = makeBrandingData(*this);
     QString error;
-    sections.summary = makeSummaryData(*this, &error);
-    if (takeSectionError(error))
-        return VANTREL_SECTION_FAILED;
-    sections.subsections = makeSubsectionsData(*this, &error);
-    if (takeSectionError(error))
-        return VANTREL_SECTION_FAILED;
-    sections.colors = makeColorData(*this, &error);
-    if (takeSectionError(error))
+    makeReportSections(*this, &sections, &error);
+    setErrorFromFormat(error);
+    if (hasError())
         return VANTREL_SECTION_FAILED;
     if (const int code = completeDominantMetric())
         return code;
@@ -91,12 +84,6 @@ int CustomReport::checkDefinitionMetrics()
         return VANTREL_MISSING_VALUE;
     }
     return VANTREL_OK;
-}
-
-bool CustomReport::takeSectionError(const QString& error)
-{
-    setErrorFromFormat(error);
-    return hasError();
 }
 
 int CustomReport::completeDominantMetric()

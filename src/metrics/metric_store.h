@@ -1,5 +1,6 @@
 #pragma once
 
+#include "metrics/metric_records.h"
 #include "metrics/metric_type.h"
 
 #include <QJsonObject>
@@ -8,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+
+class QFile;
 
 namespace vantrel {
 
@@ -60,6 +63,25 @@ public:
     QJsonObject toDataObject() const;
     /// The declarations, keyed by id.
     QJsonObject toMetricDataObject() const;
+    /// The values of those @p ids that have one, in the order of ids.
+    QList<MetricRecord> metricRecords(const QStringList& ids) const;
+
+    /// @name Reading metric data
+    /// False if something can't be read; what was read before stays. @p error takes a message and
+    /// may be null. Two failures have none: a declaration with an empty id or path or an unknown
+    /// type, and a value of a metric without a type.
+    /// @{
+    /// Opens, reads and closes a file in UTF-8, and reads its text.
+    bool readFile(QFile& file, QString* error);
+    /// Reads a whole metric data file's text. A store without declarations takes those of the text
+    /// or, if that has none, those of the installed default definition.
+    bool readJson(const QString& text, QString* error);
+    /// Replaces the declarations by what toMetricDataObject() has written.
+    bool readDefinitions(const QJsonObject& entries, QString* error);
+    /// Replaces the values by what toDataObject() has written. A metric that is newer than the data
+    /// gets its absent value. A text that @p error has already counts as a failure.
+    bool readValues(const QJsonObject& data, QString* error);
+    /// @}
 
 private:
     QMap<QString, MetricDefinition> definitions;

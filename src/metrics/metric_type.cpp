@@ -23,6 +23,9 @@ constexpr TypeRow typeTable[] = {
     {MetricType::DoubleWithPrecision, QMetaType::QVariantMap, "DoubleWithPrecision", "double"},
 };
 
+/// No double has more; Qt doesn't survive the greatest precisions.
+constexpr int mostSignificantDigits = 767;
+
 constexpr double quietNaN = std::numeric_limits<double>::quiet_NaN();
 
 const TypeRow* rowOf(MetricType type)
@@ -152,7 +155,7 @@ QString metricValueText(MetricType type, const QVariant& value)
         return QString::number(value.toDouble(), 'g', 6);
     case MetricType::DoubleWithPrecision: {
         const DoubleWithPrecision pair = toDoubleWithPrecision(value);
-        return QString::number(pair.value, 'g', pair.precision);
+        return QString::number(pair.value, 'g', qMin(pair.precision, mostSignificantDigits));
     }
     case MetricType::None:
         break;

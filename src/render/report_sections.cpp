@@ -1,5 +1,6 @@
 #include "render/report_sections.h"
 
+#include "render/branding.h"
 #include "render/placeholders.h"
 
 #include <QDebug>
@@ -259,6 +260,23 @@ QJsonObject makeColorData(const ReportDefinition& definition, QString* error)
         }
     }
     return error->isEmpty() ? toJson(colors) : QJsonObject();
+}
+
+bool makeReportSections(const ReportDefinition& definition, ReportSections* sections,
+                        QString* error)
+{
+    QString ownError;
+    if (!error)
+        error = &ownError;
+    sections->branding = makeBrandingData(definition);
+    sections->summary = makeSummaryData(definition, error);
+    if (!error->isEmpty())
+        return false;
+    sections->subsections = makeSubsectionsData(definition, error);
+    if (!error->isEmpty())
+        return false;
+    sections->colors = makeColorData(definition, error);
+    return error->isEmpty();
 }
 
 } // namespace vantrel

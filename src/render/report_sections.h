@@ -23,6 +23,12 @@ QJsonArray makeSubsectionsData(const report::ReportDefinition& definition, QStri
 QJsonObject makeColorData(const report::ReportDefinition& definition, QString* error);
 /// @}
 
+/// All parts of a definition, with its branding.
+///
+/// @return false, with the first message in @p error, which may be null, if a part can't be made
+bool makeReportSections(const report::ReportDefinition& definition, ReportSections* sections,
+                        QString* error);
+
 /// The metric of this id; for an unknown one, after a debug message, a substitute whose name says
 /// so.
 report::ReportMetric findReportMetric(const report::ReportDefinition& definition,

@@ -44,6 +44,21 @@ function color(page, selector, property = 'color') {
     return page.$eval(selector, (one, name) => getComputedStyle(one)[name], property);
 }
 
+test('the default definition makes a whole page of a metric data file', async () => {
+    const page = await open('default.html');
+    assert.deepEqual(page.problems, []);
+    assert.deepEqual(await texts(page, '#summary h2'), ['CPU', 'MPI', 'I/O']);
+    assert.deepEqual(await texts(page, '#summary .heading'),
+        ['wave3d is CPU-bound in this run: CPU takes the largest part of its time.']);
+    // The run used OpenMP, so plain threads are left out.
+    assert.deepEqual(await texts(page, '.subsection > h2'),
+        ['CPU', 'MPI', 'I/O', 'OpenMP', 'Memory', 'Accelerators', 'Energy', 'CPU energy']);
+    const values = await texts(page, '.metric_chart_table tr:not(.spacer) td:nth-child(2)');
+    assert.equal(values.length, 43);
+    assert.ok(values.every((value) => /^[\d.]+ ?(%|W|[kM]?B\/s|GiB)$/.test(value)), values.join(', '));
+    await page.close();
+});
+
 describe('a typical page', () => {
     let page;
     before(async () => { page = await open('typical.html'); });
@@ -192,7 +207,7 @@ describe('the form of the page', () => {
         }
     }
 
-    for (const name of ['typical.html', 'hostile.html', 'two_rows.html']) {
+    for (const name of ['typical.html', 'default.html', 'hostile.html', 'two_rows.html']) {
         test(`axe-core finds nothing serious in ${name}`, async () => {
             const page = await open(name);
             await page.addScriptTag({ path: axeSource });

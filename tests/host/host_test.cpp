@@ -1,0 +1,166 @@
+#include "host/environment_options.h"
+#include "host/installation_paths.h"
+#include "host/path_string.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+using namespace vantrel;
+
+namespace {
+
+/// Sets the option under each prefix to a text, or to nothing where there is null.
+void setOption(const char* odrin, const char* pellam, const char* corvane)
+{
+    const std::pair<const char*, const char*> settings[] = {
+        {"ODRIN_T", odrin}, {"PELLAM_T", pellam}, {"CORVANE_T", corvane}};
+    for (const auto& [name, value] : settings) {
+        if (value)
+            setenv(name, value, 1);
+        else
+            unsetenv(name);
+    }
+}
+
+QStringList warnings;
+
+void collectWarning(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtWarningMsg)
+        warnings.append(message);
+}
+
+template <typename Action>
+QStringList warningsOf(const Action& action)
+{
+    warnings.clear();
+    const QtMessageHandler before = qInstallMessageHandler(collectWarning);
+    action();
+    qInstallMessageHandler(before);
+    return warnings;
+}
+
+QStringList warningsOfRoot(const QString& root)
+{
+    return warningsOf([&] { InstallationPaths::instance()->setRoot(root); });
+}
+
+QString missingDirectory(const QString& path)
+{
+    return "Unable to find directory '" + path +
+           "'.\nYour Corvane product installation may be incomplete or corrupted.";
+}
+
+} // namespace
+
+TEST(EnvironmentOptions, takeTheFirstPrefixThatIsSet)
+{
+    const struct {
+        const char* odrin;
+        const char* pellam;
+        const char* corvane;
+        const char* text;
+        bool boolean;
+    } rows[] = {
+        {nullptr, nullptr, nullptr, "/tmp", false},
+        {"/a", nullptr, "/b", "/a", true},
+        {nullptr, "/a", "/b", "/a", true},
+        {nullptr, nullptr, "/b", "/b", true},
+        {"", "/a", "/b", "", true},
+        {"0", "1", "1", "0", false},
+        {nullptr, "Off", "1", "Off", false},
+        {nullptr, nullptr, "DISABLE", "DISABLE", false},
+        {"disableD", "1", nullptr, "disableD", false},
+        {"No", "", "", "No", false},
+        {"false", nullptr, nullptr, "false", true},
+        {"0 ", nullptr, nullptr, "0 ", true},
+        {"\xc3\xa9", nullptr, nullptr, "\xc3\xa9", true},
+    };
+    for (const auto& row : rows) {
+        setOption(row.odrin, row.pellam, row.corvane);
+        EXPECT_EQ(textOption("T", "/tmp").toStdString(), row.text);
+        EXPECT_EQ(booleanOption("T"), row.boolean) << row.text;
+    }
+}
+
+TEST(PathString, joinsAtOneSeparator)
+{
+    EXPECT_EQ(PathString::filePath("/r", "a/b/"), "/r/a/b/");
+    EXPECT_EQ(PathString::filePath("/r/", "a"), "/r/a");
+    EXPECT_EQ(PathString::filePath("/", "a"), "/a");
+    EXPECT_EQ(PathString::filePath("", "a/"), "a/") << "from the current directory";
+}
+
+TEST(InstallationPaths, isOneObjectForAllThreads)
+{
+    std::vector<InstallationPaths*> seen(8);
+    std::vector<std::thread> threads;
+    for (InstallationPaths*& paths : seen)
+        threads.emplace_back([&paths] { paths = InstallationPaths::instance(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (InstallationPaths* paths : seen)
+        EXPECT_EQ(paths, InstallationPaths::instance());
+    EXPECT_NE(seen.front(), nullptr);
+}
+
+TEST(InstallationPaths, setsItsDirectories)
+{
+    InstallationPaths& paths = *InstallationPaths::instance();
+    paths.setFlags(7);
+    EXPECT_EQ(paths.flags(), 7);
+    const QTemporaryDir root;
+    for (const char* name : {"bin", "lib", "libexec", "resource", "icons"})
+        ASSERT_TRUE(QDir(root.path()).mkdir(name));
+    EXPECT_EQ(warningsOfRoot(root.path()), QStringList());
+    EXPECT_EQ(paths.root(), root.path());
+    EXPECT_EQ(paths.binDir(), root.filePath("bin"));
+    EXPECT_EQ(paths.libDir(), root.filePath("lib"));
+    EXPECT_EQ(paths.libexecDir(), root.filePath("libexec"));
+    EXPECT_EQ(paths.resourceDir(), root.filePath("resource"));
+    ASSERT_TRUE(QDir(root.path()).rmdir("icons"));
+    EXPECT_EQ(warningsOfRoot(root.path()), QStringList(missingDirectory(root.filePath("icons"))));
+    EXPECT_EQ(paths.iconsDir(), root.filePath("icons")) << "kept all the same";
+    const QStringList all = warningsOfRoot("/no such");
+    ASSERT_EQ(all.size(), 6);
+    EXPECT_EQ(all.first(), missingDirectory("/no such"));
+    EXPECT_EQ(all.last(), missingDirectory("/no such/icons"));
+
+    paths.setConfigDirName("kept");
+    paths.setAllDirectories("/flat");
+    EXPECT_EQ(QStringList({paths.root(), paths.binDir(), paths.libDir(), paths.libexecDir(),
+                           paths.resourceDir(), paths.iconsDir(), paths.configDirName()}),
+              QStringList({"/flat", "/flat", "/flat", "/flat", "/flat", "/flat", "kept"}));
+    warningsOf([&] { paths.setRootFromApplication(); });
+    EXPECT_EQ(paths.root(), QCoreApplication::applicationDirPath() + "/..");
+    EXPECT_EQ(paths.configDirName(), ".corvane");
+    paths.setAllDirectories(QString());
+}
+
+TEST(InstallationPathsDeathTest, startsFromTheEnvironmentAndEndsWithTheProcess)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto child = [] {
+        setenv("PELLAM_BG_TMPDIR", "/scratch", 1);
+        // Handlers run in reverse order: this one after the object's destruction.
+        std::atexit([] {
+            std::fprintf(stderr, "then %s", InstallationPaths::instance() ? "some" : "none");
+            _exit(3);
+        });
+        const InstallationPaths& paths = *InstallationPaths::instance();
+        std::fprintf(stderr, "%s [%s] %d ", qPrintable(paths.backgroundTmpDir()),
+                     qPrintable(paths.root() + paths.iconsDir() + paths.configDirName()),
+                     paths.flags());
+        std::exit(0);
+    };
+    EXPECT_EXIT(child(), testing::ExitedWithCode(3), "^/scratch \\[\\] 0 then none$");
+}

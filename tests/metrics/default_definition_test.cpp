@@ -1,0 +1,129 @@
+#include "definition/default_definition.h"
+#include "definition/report_definition.h"
+#include "definition/schema_file.h"
+#include "host/installation_paths.h"
+#include "metrics/builtin_metrics.h"
+#include "metrics/metric_store.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace vantrel;
+using namespace vantrel::report;
+
+namespace {
+
+std::unique_ptr<ReportDefinition> loadDefault(QString* error)
+{
+    return std::unique_ptr<ReportDefinition>(ReportDefinition::loadFile(
+        defaultDefinitionPath(), compiledInSchema(), error, 0, ReportIdScheme::builtin()));
+}
+
+/// The ids that the family's programs name in code.
+QSet<QString> familyIds()
+{
+    QFile header(QStringLiteral(TEST_SOURCE_DIR "/../src/metrics/metric_ids.h"));
+    EXPECT_TRUE(header.open(QIODevice::ReadOnly));
+    QSet<QString> ids;
+    QRegularExpressionMatchIterator matches =
+        QRegularExpression(QStringLiteral("\"([^\"]+)\";")).globalMatch(header.readAll());
+    while (matches.hasNext())
+        ids.insert(matches.next().captured(1));
+    return ids;
+}
+
+/// Points the installation at the build tree for as long as it lives.
+struct BuildTreeRoot {
+    BuildTreeRoot() { InstallationPaths::instance()->setAllDirectories(TEST_INSTALLATION_ROOT); }
+    ~BuildTreeRoot() { InstallationPaths::instance()->setAllDirectories(QString()); }
+};
+
+} // namespace
+
+TEST(DefaultDefinition, liesBelowTheInstallationRoot)
+{
+    EXPECT_EQ(reportTemplatesDirectory(), "vantrel/templates/");
+    EXPECT_EQ(defaultDefinitionPath(), "vantrel/templates/report-default.xml");
+    EXPECT_EQ(defaultReportName(), "default");
+    InstallationPaths::instance()->setAllDirectories("/opt/x/");
+    EXPECT_EQ(reportTemplatesDirectory(), "/opt/x/vantrel/templates/");
+    InstallationPaths::instance()->setAllDirectories("/opt/x");
+    EXPECT_EQ(defaultDefinitionPath(), "/opt/x/vantrel/templates/report-default.xml");
+    QString error;
+    EXPECT_EQ(loadDefault(&error), nullptr);
+    EXPECT_EQ(error, "File '/opt/x/vantrel/templates/report-default.xml' does not exist");
+    InstallationPaths::instance()->setAllDirectories(QString());
+}
+
+TEST(DefaultDefinition, usesEveryIdOfTheFamily)
+{
+    const BuildTreeRoot root;
+    QString error;
+    const auto definition = loadDefault(&error);
+    ASSERT_NE(definition, nullptr) << error.toStdString();
+    EXPECT_EQ(error, QString());
+    EXPECT_EQ(definition->name(), defaultReportName());
+    for (const QString& id : familyIds()) {
+        EXPECT_TRUE(definition->hasMetric(id) || definition->hasSummaryEntry(id) ||
+                    definition->hasSubsection(id))
+            << id.toStdString();
+    }
+    QSet<QString> shown;
+    for (const Subsection& subsection : definition->subsections()) {
+        EXPECT_TRUE(familyIds().contains(subsection.id)) << subsection.id.toStdString();
+        for (const SubsectionEntry& entry : subsection.entries)
+            shown.insert(entry.reportMetric);
+    }
+    for (const SummaryEntry& entry : definition->summary().entries)
+        shown.insert(entry.reportMetric);
+    for (const ReportMetric& metric : definition->metrics()) {
+        const bool isNumber = metric.type == MetricType::Double && !isBuiltinMetric(metric.id);
+        EXPECT_EQ(shown.contains(metric.id), isNumber) << metric.id.toStdString();
+        EXPECT_EQ(metric.colour.isValid(), isNumber) << metric.id.toStdString();
+    }
+}
+
+TEST(DefaultDefinition, agreesWithTheBuiltInMetrics)
+{
+    const BuildTreeRoot root;
+    const auto definition = loadDefault(nullptr);
+    ASSERT_NE(definition, nullptr);
+    for (const auto& list :
+         {builtinOverviewMetrics(3), builtinHeaderMetrics(3), builtinValueMetrics(3)}) {
+        for (const ReportMetric& builtin : list) {
+            SCOPED_TRACE(builtin.id.toStdString());
+            const ReportMetric declared = definition->metric(builtin.id);
+            EXPECT_EQ(declared.id, builtin.id);
+            EXPECT_EQ(declared.corvaneMetricVersion, builtin.corvaneMetricVersion);
+            EXPECT_EQ(declared.units, builtin.units);
+            if (!builtin.displayName.isEmpty()) {
+                EXPECT_EQ(declared.displayName, builtin.displayName);
+            }
+            // Definitions have no word for a double with a precision.
+            const bool isPrecise = builtin.type == MetricType::DoubleWithPrecision;
+            EXPECT_EQ(declared.type, isPrecise ? MetricType::Double : builtin.type);
+        }
+    }
+}
+
+TEST(DefaultDefinition, declaresTheMetricsOfAFileThatDeclaresNone)
+{
+    QFile file(QStringLiteral(TEST_SOURCE_DIR "/../examples/metric-data/family.json"));
+    MetricStore store;
+    QString error;
+    EXPECT_FALSE(store.readFile(file, &error));
+    EXPECT_EQ(error, "File 'vantrel/templates/report-default.xml' does not exist");
+    const BuildTreeRoot root;
+    ASSERT_TRUE(store.readFile(file, &error)) << error.toStdString();
+    EXPECT_EQ(error, QString());
+    EXPECT_EQ(store.definition("overview.cpu.advice").displayName, "Advice");
+    EXPECT_EQ(store.value("overview.mpi.percent"), QVariant(31.9));
+    EXPECT_EQ(toDoubleWithPrecision(store.value("applicationDetails.gpusPerNode.plain")).value, 2);
+    const QString old = "{\"version\": 0, \"overview\": {\"cpu\": {\"advice\": \"\"}}}";
+    EXPECT_FALSE(store.readJson(old, &error));
+    EXPECT_EQ(error, "Unable to access value cpu.advice1") << "texts of advice have no version";
+}
