@@ -1,6 +1,7 @@
 #include "host/environment_options.h"
 #include "host/installation_paths.h"
 #include "host/path_string.h"
+#include "warnings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,24 +30,6 @@ void setOption(const char* odrin, const char* pellam, const char* corvane)
         else
             unsetenv(name);
     }
-}
-
-QStringList warnings;
-
-void collectWarning(QtMsgType type, const QMessageLogContext&, const QString& message)
-{
-    if (type == QtWarningMsg)
-        warnings.append(message);
-}
-
-template <typename Action>
-QStringList warningsOf(const Action& action)
-{
-    warnings.clear();
-    const QtMessageHandler before = qInstallMessageHandler(collectWarning);
-    action();
-    qInstallMessageHandler(before);
-    return warnings;
 }
 
 QStringList warningsOfRoot(const QString& root)

@@ -1,0 +1,13 @@
+#pragma once
+
+/// What DynamicNumber says, through Qt's warnings, when it can't do what it is asked.
+namespace vantrel {
+
+void warnUnsupportedDatatype();
+void warnConversionOverflow();
+void warnInvalidConversion();
+void warnEmptyOperand();
+/// Warns with any text.
+void warnOfNumber(const char* text);
+
+} // namespace vantrel

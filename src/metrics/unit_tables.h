@@ -1,0 +1,16 @@
+#pragma once
+
+#include "metrics/unit.h"
+
+#include <QVector>
+
+namespace vantrel {
+
+/// All prefixes, in the order in which a text is compared with them.
+const QVector<UnitPrefix>& unitPrefixes();
+/// All known units, in the order in which a text is compared with them.
+const QVector<BaseUnit>& baseUnits();
+/// The prefix of a system; one that isn't valid if the system doesn't have it.
+UnitPrefix findUnitPrefix(int exponent, int system);
+
+} // namespace vantrel
