@@ -30,7 +30,7 @@ QString ScaledQuantity::text() const
 {
     const double size = std::abs(value.toDouble());
     const double tolerance = size < 1.0 ? 1e-12 * size : 1e-12;
-    const QString above = numerator.text(std::abs(size - 1.0) <= tolerance);
+    QString above = numerator.text(std::abs(size - 1.0) <= tolerance);
     if (denominator.isEmpty())
         return above;
     return QObject::tr("%1/%2").arg(above, denominator.text(true));

@@ -323,6 +323,10 @@ TEST(MetricReader, readsFiles)
     ASSERT_TRUE(store.readFile(file, &error)) << error.toStdString();
     EXPECT_EQ(store.value("m").toString().toStdString(), "\xC3\xA9");
     EXPECT_FALSE(file.isOpen());
+    MetricStore ofReport;
+    QFile report(QStringLiteral(TEST_SOURCE_DIR "/render/golden/sample.json"));
+    EXPECT_TRUE(ofReport.readFile(report, &error)) << error.toStdString();
+    EXPECT_EQ(ofReport.value("version"), QVariant(3));
     QFile missing(folder.filePath("none"));
     EXPECT_FALSE(store.readFile(missing, &error));
     EXPECT_EQ(error, "Unable to open file " + folder.filePath("none"));
