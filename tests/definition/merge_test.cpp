@@ -223,8 +223,6 @@ const Refusal refusals[] = {
     {"metric of this file",
      metrics("<reportMetric id='b' displayName='B'/><reportMetric id='b' displayName='B'/>"),
      "There is already a metric with id=\"b\" in the <metrics> section of this file"},
-    {"new metric without a name", metrics("<reportMetric id='b'/>"),
-     "Missing string attribute 'displayName' for 'reportMetric' element"},
     {"new metric below an old one", metrics("<reportMetric id='a.b' displayName='B'/>"),
      "Partial metric id name collision detected between \"a.b\" and \"a\"."},
     {"reserved", metrics("<reportMetric id='corvane.b' displayName='B'/>"),
@@ -242,10 +240,6 @@ const Refusal refusals[] = {
      metrics("<reportMetric id='a' breakdownSubsection='z'/>") + sections(""),
      "No subsection has id=\"z\", required by the \"breakdownSubsection\" attribute of the \"a\" "
      "metric"},
-    {"requires", sections("<subsection id='x' requires='!b'/>"),
-     "There is no metric with id=\"b\" in this report"},
-    {"too much advice", sections("<subsection id='x' maxAdviceStrings='1001'/>"),
-     "Attribute 'maxAdviceStrings' cannot be greater than 1000. Current value = 1001."},
 };
 
 } // namespace

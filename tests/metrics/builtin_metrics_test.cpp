@@ -62,22 +62,15 @@ TEST(BuiltinMetrics, areToldFromOthers)
         bool isPlain;
     } rows[] = {
         {"version", true, false},
-        {"Version", false, false},
         {"", false, false},
         {"cpu.memPercent", false, false},
-        {"overview.cpu.percent", false, false},
-        {"overview.advice", true, false},
         {"applicationDetails.exeName", true, false},
         {"applicationDetails.processes.plain", true, true},
         {"applicationDetails.nodes.plain", true, true},
-        {"applicationDetails.time.plain", true, true},
         {"applicationDetails.hostGpuMemory.plain", true, true},
-        {"applicationDetails.hostMemory.plain", true, true},
         {"applicationDetails.gpusPerNode.plain", true, true},
         {"energy.total.plain", false, true},
-        {"energy.cpuTotal.plain", false, true},
         {"energy.accTotal.plain", false, true},
-        {"energy.trapped", false, false},
         {"other.plain", false, false},
     };
     for (const auto& row : rows) {

@@ -159,20 +159,6 @@ describe('radar chart', () => {
 
 describe('details', () => {
     const link = (id) => `<a href="" onclick="vantrel.toggleMetric(event,'${id}')">open</a>`;
-    const rows = (id, name) => `<tr><td>${link(id)}</td></tr><tr><td class="metricDetail ${name}" id="${id}"><div>text</div></td></tr>`;
-
-    test('open and close the row below the link, also where names are shared', async () => {
-        const page = await openPage(`<table>${rows('Same detail', 'one')}${rows('Same detail', 'two')}</table>`);
-        const classes = () => page.$$eval('.metricDetail', (cells) => cells.map((cell) => cell.className));
-        const [, second] = await page.$$('a');
-        await second.click();
-        assert.deepEqual(await classes(), ['metricDetail one', 'metricDetail two show']);
-        assert.equal(await second.getAttribute('aria-expanded'), 'true');
-        await second.focus();
-        await page.keyboard.press('Enter');
-        assert.deepEqual(await classes(), ['metricDetail one', 'metricDetail two']);
-        assert.equal(await second.getAttribute('aria-expanded'), 'false');
-    });
 
     test('are found by id from elsewhere, and a missing one does nothing', async () => {
         const page = await openPage(`${link('far')}${link('none')}<p id="far" class="keep">x</p>`);

@@ -115,8 +115,6 @@ describe('a typical page', () => {
             svgs: box.querySelectorAll('svg').length,
             labels: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => one.textContent.trim()),
             fills: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => getComputedStyle(one).fill),
-            points: box.querySelector('polygon').getAttribute('points').trim().split(/\s+/)
-                .map((pair) => pair.split(',').map(Number)),
             stroke: getComputedStyle(box.querySelector('polygon')).stroke,
             opacity: getComputedStyle(box.querySelector('polygon')).fillOpacity,
         }));
@@ -125,13 +123,6 @@ describe('a typical page', () => {
         assert.equal(chart.fills[0], 'rgb(45, 123, 49)');
         assert.equal(chart.stroke, 'rgb(45, 123, 49)');
         assert.equal(chart.opacity, '0.64');
-        // Four axes, the first upwards and then to the left, values against 100 on a radius of 70.
-        const expected = [[100, 100 - 0.6004 * 70], [100 - 0.3 * 70, 100], [100, 100 + 0.0996 * 70], [100, 100]];
-        const origin = [chart.points[3][0] - 100, chart.points[3][1] - 100];
-        chart.points.forEach(([x, y], i) => {
-            assert.ok(Math.abs(x - origin[0] - expected[i][0]) < 0.01, `${i}: ${x}`);
-            assert.ok(Math.abs(y - origin[1] - expected[i][1]) < 0.01, `${i}: ${y}`);
-        });
     });
 
     test('opens and closes details, each its own', async () => {
@@ -148,8 +139,10 @@ describe('a typical page', () => {
             const row = await links.nth(i).evaluate((link) =>
                 link.closest('tr').nextElementSibling.querySelector('.metricDetail').classList.contains('show'));
             assert.ok(row, `link ${i}`);
-            await links.nth(i).click();
+            assert.equal(await links.nth(i).getAttribute('aria-expanded'), 'true');
+            await page.keyboard.press('Enter');
             assert.deepEqual(await shown(), closed);
+            assert.equal(await links.nth(i).getAttribute('aria-expanded'), 'false');
         }
         assert.ok(page.url().endsWith('typical.html'));
     });
