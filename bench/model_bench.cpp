@@ -18,33 +18,36 @@ namespace {
 
 constexpr int recordsInPart = 100;
 
-/// A partial document with records of its own, and one that amends an earlier one.
-QByteArray makePart(int number)
+/// A partial document with records of its own. Its subsections take the place of all earlier ones,
+/// or stand beside them and amend one.
+QByteArray makePart(int number, bool overwrites)
 {
     const QByteArray part = QByteArray::number(number);
+    const QByteArray section = overwrites ? "s" : "s" + part;
     QByteArray metrics;
     QByteArray entries;
-    QByteArray sections;
+    QByteArray rows;
     for (int i = 0; i < recordsInPart; ++i) {
         const QByteArray id = "part" + part + ".m" + QByteArray::number(i);
-        metrics += "<reportMetric id=\"" + id + "\" displayName=\"M\" breakdownSubsection=\"s" +
-                   part + "\"/>";
+        metrics += "<reportMetric id=\"" + id + "\" displayName=\"M\" breakdownSubsection=\"" +
+                   section + "\"/>";
         entries += "<entry id=\"" + id + "\" reportMetric=\"" + id + "\"/>";
-        sections += "<entry reportMetric=\"" + id + "\"/>";
+        rows += "<entry reportMetric=\"" + id + "\"/>";
     }
     return "<partialReport xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"part" +
            part + "\"><reportMetrics>" + metrics + "</reportMetrics><summary>" + entries +
-           "</summary><subsections><subsection id=\"s" + part + "\" heading=\"S\">" + sections +
-           "</subsection><subsection id=\"section0\" maxAdviceStrings=\"2\"/></subsections>"
-           "</partialReport>";
+           "</summary><subsections" + (overwrites ? " overwrite=\"true\"" : "") +
+           "><subsection id=\"" + section + "\" heading=\"S\">" + rows + "</subsection>" +
+           (overwrites ? "" : "<subsection id=\"section0\" maxAdviceStrings=\"2\"/>") +
+           "</subsections></partialReport>";
 }
 
-void merge(benchmark::State& state)
+void mergeParts(benchmark::State& state, bool overwrite)
 {
     const QByteArray full = makeDefinition(20);
     std::vector<QByteArray> parts;
     for (int i = 0; i < state.range(0); ++i)
-        parts.push_back(makePart(i));
+        parts.push_back(makePart(i, overwrite));
     for (auto _ : state) {
         QString error;
         const std::unique_ptr<ReportDefinition> definition(
@@ -55,6 +58,16 @@ void merge(benchmark::State& state)
         }
     }
     state.SetComplexityN(state.range(0));
+}
+
+void merge(benchmark::State& state)
+{
+    mergeParts(state, false);
+}
+
+void mergeOver(benchmark::State& state)
+{
+    mergeParts(state, true);
 }
 
 /// A store with declarations and values, as a metric data file has them.
@@ -95,27 +108,23 @@ void readMetricDataFloor(benchmark::State& state)
     state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(merge)
-    ->Arg(1)
-    ->Arg(25)
-    ->Arg(50)
-    ->Arg(100)
-    ->Arg(200)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity();
-BENCHMARK(readMetricData)
-    ->Arg(20)
-    ->Arg(500)
-    ->Arg(2000)
-    ->Arg(8000)
-    ->Unit(benchmark::kMicrosecond)
-    ->Complexity();
-BENCHMARK(readMetricDataFloor)
-    ->Arg(20)
-    ->Arg(500)
-    ->Arg(2000)
-    ->Arg(8000)
-    ->Unit(benchmark::kMicrosecond)
-    ->Complexity();
+void numbersOfParts(benchmark::internal::Benchmark* bench)
+{
+    for (const int parts : {25, 50, 100, 200})
+        bench->Arg(parts);
+    bench->Unit(benchmark::kMillisecond)->Complexity();
+}
+
+void numbersOfMetrics(benchmark::internal::Benchmark* bench)
+{
+    for (const int metrics : {20, 500, 2000, 8000})
+        bench->Arg(metrics);
+    bench->Unit(benchmark::kMicrosecond)->Complexity();
+}
+
+BENCHMARK(merge)->Apply(numbersOfParts);
+BENCHMARK(mergeOver)->Apply(numbersOfParts);
+BENCHMARK(readMetricData)->Apply(numbersOfMetrics);
+BENCHMARK(readMetricDataFloor)->Apply(numbersOfMetrics);
 
 } // namespace

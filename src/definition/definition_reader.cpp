@@ -100,11 +100,17 @@ bool checkDocument(const QByteArray& xml, const QUrl& url, const QString& schema
            (schemaPath.isEmpty() || validateDefinition(xml, url, schemaPath, error, messageMode));
 }
 
+constexpr FileMessages documentFileMessages{
+    "File '%1' does not exist",
+    "File '%1' could not be opened for reading",
+    "File '%1' is not readable",
+};
+
 bool readDocumentFile(const QString& path, QByteArray* xml, QString* error)
 {
     if (error)
         error->clear();
-    return readWholeFile(path, "File", xml, error);
+    return readWholeFile(path, documentFileMessages, xml, error);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ void ReportDefinition::setMetrics(const QList<ReportMetric>& list)
 {
     m_metrics.clear();
     m_metricIdTree.clear();
-    m_uncheckedBreakdowns.clear();
+    m_breakdowns = BreakdownIndex();
     for (const ReportMetric& metric : list)
         appendMetric(metric);
 }
@@ -45,22 +45,19 @@ void ReportDefinition::appendMetric(const ReportMetric& metric)
 {
     m_metrics.append(metric);
     m_metricIdTree.append(metric.id);
-    noteBreakdown(metrics().size() - 1);
+    m_breakdowns.insert(metric.breakdownSubsection, metrics().size() - 1);
 }
 
 bool ReportDefinition::mergeMetric(const ReportMetric& later)
 {
     ReportMetric* earlier = m_metrics.find(later.id);
-    if (!earlier || !mergeRecord(earlier, later))
+    if (!earlier)
         return false;
-    noteBreakdown(m_metrics.indexOf(later.id));
-    return true;
-}
-
-void ReportDefinition::noteBreakdown(int position)
-{
-    if (!metrics().at(position).breakdownSubsection.isEmpty())
-        m_uncheckedBreakdowns.insert(position);
+    const int position = m_metrics.indexOf(later.id);
+    m_breakdowns.remove(earlier->breakdownSubsection, position);
+    const bool isMerged = mergeRecord(earlier, later);
+    m_breakdowns.insert(earlier->breakdownSubsection, position);
+    return isMerged;
 }
 
 QSet<QString> ReportDefinition::metricIds() const
@@ -97,8 +94,7 @@ void ReportDefinition::setSubsections(const QList<Subsection>& list)
     m_maxAdviceStrings = 0;
     for (const Subsection& subsection : list)
         appendSubsection(subsection);
-    for (int position = 0; position < metrics().size(); ++position)
-        noteBreakdown(position);
+    m_breakdowns.forgetFound();
 }
 
 void ReportDefinition::appendSubsection(const Subsection& subsection)
@@ -135,14 +131,9 @@ bool ReportDefinition::replaceSubsection(const Subsection& later)
 
 const ReportMetric* ReportDefinition::findMissingBreakdown()
 {
-    while (!m_uncheckedBreakdowns.empty()) {
-        const auto first = m_uncheckedBreakdowns.begin();
-        const ReportMetric& metric = metrics().at(*first);
-        if (!hasSubsection(metric.breakdownSubsection))
-            return &metric;
-        m_uncheckedBreakdowns.erase(first);
-    }
-    return nullptr;
+    const int position =
+        m_breakdowns.findMissing([this](const QString& id) { return hasSubsection(id); });
+    return position < 0 ? nullptr : &metrics().at(position);
 }
 
 void ReportDefinition::clearContent()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "definition/breakdown_index.h"
 #include "definition/metric_id_tree.h"
 #include "definition/record_list.h"
 #include "definition/report_records.h"
@@ -7,8 +8,6 @@
 #include <QMap>
 #include <QSet>
 #include <QUrl>
-
-#include <set>
 
 namespace vantrel::report {
 
@@ -47,7 +46,7 @@ public:
     /// is there. The logo and its link go back to the default ones. Parameters are those of load().
     ///
     /// @return false if the document is refused. What it changed before the place of its fault
-    ///         stays changed; only a document that the schema refuses changes nothing.
+    ///         stays changed; one that is refused before its content is read changes nothing.
     bool merge(const QByteArray& xml, const QUrl& url, const QString& schemaPath, QString* error,
                int messageMode);
     /// The same from a file. A file that can't be read gives a bare message.
@@ -98,8 +97,7 @@ public:
     Subsection subsection(const QString& id) const { return m_subsections.value(id); }
     /// How many advice strings all subsections accept together.
     qint64 maxAdviceStrings() const { return m_maxAdviceStrings; }
-    /// The first metric that is broken down by a subsection which isn't there, or null. Metrics
-    /// that have passed aren't looked at again until one of them or the subsections change.
+    /// The first metric that is broken down by a subsection which isn't there, or null.
     const ReportMetric* findMissingBreakdown();
 
     /// Takes away the metrics, the summary, the subsections and the merged documents.
@@ -119,7 +117,6 @@ public:
 
 private:
     static void appendMarkup(QString& text, const QString& markup);
-    void noteBreakdown(int position);
     template <typename Change>
     bool changeSubsection(const QString& id, const Change& change);
 
@@ -130,7 +127,7 @@ private:
     QUrl m_url;
     RecordList<ReportMetric> m_metrics;
     MetricIdTree m_metricIdTree;
-    std::set<int> m_uncheckedBreakdowns; ///< positions of metrics
+    BreakdownIndex m_breakdowns;
     QString m_summaryHeading;
     QString m_summaryFooter;
     RecordList<SummaryEntry> m_summaryEntries;

@@ -4,6 +4,16 @@
 
 namespace vantrel::report {
 
+namespace {
+
+constexpr FileMessages schemaFileMessages{
+    "Schema file '%1' does not exist",
+    "Schema file '%1' could not be opened for reading",
+    "Schema file '%1' is not readable",
+};
+
+} // namespace
+
 QString compiledInSchema()
 {
     return QStringLiteral(":/vantrel/custom/validation.xsd");
@@ -11,7 +21,7 @@ QString compiledInSchema()
 
 bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
 {
-    if (!readWholeFile(path, "Schema file", &schema->text, error))
+    if (!readWholeFile(path, schemaFileMessages, &schema->text, error))
         return false;
     schema->path = path;
     // Each pair of markers becomes one comment around all that stands between them.

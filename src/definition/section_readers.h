@@ -5,8 +5,9 @@
 #include <QSet>
 
 /// The readers of a definition's three sections. Each is called with the source on the section's
-/// start tag and is false if the document is refused. A record whose id came with an earlier
-/// document changes what is there; one whose id came before in the same document is refused.
+/// start tag and is false if the document is refused. A metric or subsection whose id came with an
+/// earlier document changes what is there; a summary entry is refused then, and so is any record
+/// whose id the same document has added.
 namespace vantrel::report {
 
 /// Advice slots are declared one by one, so there must be an end to them: for one subsection, and

@@ -14,7 +14,10 @@ QString framedMessage(const char* frame, const QUrl& url, qint64 line, qint64 co
 
 XmlSource::XmlSource(const QByteArray& xml, const QUrl& url, QString* messages)
     : reader(xml), location(url), error(messages)
-{}
+{
+    if (error)
+        error->clear();
+}
 
 void XmlSource::report(const char* frame, const QString& text)
 {

@@ -19,7 +19,7 @@ class XmlSource {
 public:
     enum Mode { Required, Optional, OptionalNotEmpty };
 
-    /// @param messages may be null; must outlive the source
+    /// @param messages emptied; may be null; must outlive the source
     XmlSource(const QByteArray& xml, const QUrl& url, QString* messages);
 
     /// The local name of the element that the stream stands on.

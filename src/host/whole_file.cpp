@@ -5,20 +5,21 @@
 
 namespace vantrel {
 
-bool readWholeFile(const QString& path, const char* subject, QByteArray* content, QString* error)
+bool readWholeFile(const QString& path, const FileMessages& messages, QByteArray* content,
+                   QString* error)
 {
     QFile file(path);
     const auto fail = [&](const char* message) {
         if (error)
-            *error = QObject::tr(message).arg(QString::fromLatin1(subject), file.fileName());
+            *error = QObject::tr(message).arg(file.fileName());
         return false;
     };
     if (!file.exists())
-        return fail("%1 '%2' does not exist");
+        return fail(messages.missing);
     if (!file.open(QIODevice::ReadOnly))
-        return fail("%1 '%2' could not be opened for reading");
+        return fail(messages.closed);
     if (!file.isReadable())
-        return fail("%1 '%2' is not readable");
+        return fail(messages.unreadable);
     *content = file.readAll();
     return true;
 }

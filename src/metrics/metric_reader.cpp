@@ -155,6 +155,16 @@ bool readValue(const QJsonObject& data, const MetricDefinition& metric, QVariant
     return true;
 }
 
+/// The object that has the values of a file, with the file's version if it has none of its own.
+QJsonObject valuesOf(const QJsonObject& top)
+{
+    const QString version = QStringLiteral("version");
+    QJsonObject values = top.value(QLatin1String("data")).toObject(top);
+    if (!values.contains(version) && top.contains(version))
+        values.insert(version, top.value(version));
+    return values;
+}
+
 bool declareDefaultMetrics(MetricStore* store, QString* error)
 {
     const std::unique_ptr<report::ReportDefinition> definition(report::ReportDefinition::loadFile(
@@ -196,8 +206,7 @@ bool MetricStore::readJson(const QString& text, QString* error)
                                 : !declareDefaultMetrics(this, error))
             return false;
     }
-    return readValues(top.value(QLatin1String("data")).toObject(top), error) &&
-           findMissingValues(nullptr);
+    return readValues(valuesOf(top), error) && findMissingValues(nullptr);
 }
 
 bool MetricStore::readDefinitions(const QJsonObject& entries, QString* error)

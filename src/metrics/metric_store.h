@@ -68,8 +68,8 @@ public:
 
     /// @name Reading metric data
     /// False if something can't be read; what was read before stays. @p error takes a message and
-    /// may be null. Two failures have none: a declaration with an empty id or path or an unknown
-    /// type, and a value of a metric without a type.
+    /// may be null. Some failures have none, such as a declaration with an empty id or path or an
+    /// unknown type, and a value of a metric without a type.
     /// @{
     /// Opens, reads and closes a file in UTF-8, and reads its text.
     bool readFile(QFile& file, QString* error);

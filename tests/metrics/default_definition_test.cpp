@@ -115,8 +115,9 @@ TEST(DefaultDefinition, declaresTheMetricsOfAFileThatDeclaresNone)
     QFile file(QStringLiteral(TEST_SOURCE_DIR "/../examples/metric-data/family.json"));
     MetricStore store;
     QString error;
+    InstallationPaths::instance()->setAllDirectories("/no such");
     EXPECT_FALSE(store.readFile(file, &error));
-    EXPECT_EQ(error, "File 'vantrel/templates/report-default.xml' does not exist");
+    EXPECT_EQ(error, "File '/no such/vantrel/templates/report-default.xml' does not exist");
     const BuildTreeRoot root;
     ASSERT_TRUE(store.readFile(file, &error)) << error.toStdString();
     EXPECT_EQ(error, QString());

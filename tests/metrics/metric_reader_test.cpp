@@ -311,6 +311,23 @@ TEST(MetricReader, takesDefinitionsOnceAndValuesFromEitherPlace)
         << "nothing declared or missing";
 }
 
+TEST(MetricReader, takesTheVersionBesideTheValuesOrAmongThem)
+{
+    const std::pair<const char*, bool> rows[] = {
+        {R"({"version":1,"data":{}})", true},
+        {R"({"version":3,"data":{}})", false},
+        {R"({"version":3,"data":{"version":1}})", true},
+        {R"({"version":1,"data":{"version":3}})", false},
+    };
+    for (const auto& [text, isOlder] : rows) {
+        MetricStore store;
+        store.addDefinition(declare("m", Integer, 2));
+        QString error;
+        EXPECT_EQ(store.readJson(text, &error), isOlder) << text;
+        EXPECT_EQ(error, isOlder ? "" : "Unable to access value m");
+    }
+}
+
 TEST(MetricReader, readsFiles)
 {
     const QTemporaryDir folder;

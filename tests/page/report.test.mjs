@@ -49,13 +49,13 @@ test('the default definition makes a whole page of a metric data file', async ()
     assert.deepEqual(page.problems, []);
     assert.deepEqual(await texts(page, '#summary h2'), ['CPU', 'MPI', 'I/O']);
     assert.deepEqual(await texts(page, '#summary .heading'),
-        ['wave3d is CPU-bound in this run: CPU takes the largest part of its time.']);
+        ['wave3d is CPU-bound in this run: the largest share of its time goes into CPU.']);
     // The run used OpenMP, so plain threads are left out.
     assert.deepEqual(await texts(page, '.subsection > h2'),
         ['CPU', 'MPI', 'I/O', 'OpenMP', 'Memory', 'Accelerators', 'Energy', 'CPU energy']);
     const values = await texts(page, '.metric_chart_table tr:not(.spacer) td:nth-child(2)');
-    assert.equal(values.length, 43);
-    assert.ok(values.every((value) => /^[\d.]+ ?(%|W|[kM]?B\/s|GiB)$/.test(value)), values.join(', '));
+    assert.equal(values.length, 46);
+    assert.ok(values.every((value) => /^[\d.]+ ?(%|W|[kM]J|[kM]?B\/s|GiB)$/.test(value)), values.join(', '));
     await page.close();
 });
 
