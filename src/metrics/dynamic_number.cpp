@@ -265,15 +265,20 @@ DynamicNumber& DynamicNumber::operator/=(DynamicNumber right)
     return isUndefined() ? *this : apply(Divide, right);
 }
 
-namespace {
-
-double resultOf(int operation, double left, double right)
+double DynamicNumber::compute(Operation operation, double left, double right)
 {
-    const double results[] = {left + right, left - right, left * right, left / right};
-    return results[operation];
+    switch (operation) {
+    case Add:
+        return left + right;
+    case Subtract:
+        return left - right;
+    case Multiply:
+        return left * right;
+    case Divide:
+        break;
+    }
+    return left / right;
 }
-
-} // namespace
 
 DynamicNumber& DynamicNumber::apply(Operation operation, DynamicNumber right)
 {
@@ -282,7 +287,7 @@ DynamicNumber& DynamicNumber::apply(Operation operation, DynamicNumber right)
         return *this;
     }
     if (isFloat() || right.isFloat() || operation == Divide)
-        return *this = resultOf(operation, numericValue(), right.numericValue());
+        return *this = compute(operation, numericValue(), right.numericValue());
     // Sums, differences and products of integers have the same bits with a sign and without.
     const quint64 bits[] = {m_bits + right.m_bits, m_bits - right.m_bits, m_bits * right.m_bits};
     const bool isUnsigned = m_type == Unsigned && right.m_type == Unsigned && operation != Subtract;
@@ -339,7 +344,7 @@ DynamicNumber DynamicNumber::squareRoot() const
 
 DynamicNumber DynamicNumber::rounded() const
 {
-    return isFloat() ? DynamicNumber(std::lrint(floatValue())) : *this;
+    return isFloat() ? DynamicNumber(saturatedCast<qint64>(std::nearbyint(floatValue()))) : *this;
 }
 
 void DynamicNumber::toFloat()

@@ -34,7 +34,7 @@ public:
             setInteger(Signed, quint64(qint64(number)));
     }
     /// A text with a point is a Float, one with a leading "-" Signed, any other Unsigned. What
-    /// can't be read is the 0 of that kind.
+    /// can't be read is the 0 of that kind; a Float too great is an infinity.
     static DynamicNumber parse(const QString& text);
     /// Takes an integer or a double; warns of any other variant and stays as it was.
     void assign(const QVariant& variant);
@@ -44,8 +44,9 @@ public:
     bool isFloat() const { return m_type == Float; }
 
     /// @name Conversions
-    /// A value that doesn't fit gives 0 and a warning; a Float loses its fraction.
+    /// An integer that doesn't fit gives 0 and a warning. A Float loses its fraction; NaN is 0.
     /// @{
+    /// A negative Float gives 0 and a warning, one too great the limit without a warning.
     quint64 toUInt64() const;
     /// A Float out of range gives the nearest limit, without a warning.
     qint64 toInt64() const;
@@ -58,7 +59,8 @@ public:
     QString toString() const;
     /// Refuses a Float.
     QString toIntegerString() const;
-    /// A Float in English form, as printf's %g and %f write it; other kinds as toString() does.
+    /// A Float in English form with groups of thousands, as 1,234,567.88, in the notation of
+    /// printf's %g and %f; other kinds as toString() does.
     QString toStringG(int precision) const;
     QString toStringF(int precision) const;
     /// The text with the number of the kind.
@@ -77,7 +79,8 @@ public:
     /// @name Arithmetic with numbers of any kind
     /// An Undefined left operand becomes the right one under += and its negative under -=, and
     /// stays under *= and /=. An Undefined right one is ignored by += and -=, and refused by *=
-    /// and /=. The difference of integers is Signed, their quotient a Float.
+    /// and /=, unless the left one is Undefined as well. The difference of integers is Signed,
+    /// their quotient a Float; else a Float makes the result one, and then a Signed number.
     /// @{
     DynamicNumber& operator+=(DynamicNumber right);
     DynamicNumber& operator-=(DynamicNumber right);
@@ -86,7 +89,8 @@ public:
     /// @}
 
     /// @name Arithmetic with built-in numbers
-    /// The same, but an Undefined left operand always stays.
+    /// The same, but an Undefined left operand always stays. The operators below are templates so
+    /// that it stays there too.
     /// @{
     template <typename Number, IfNumber<Number> = 0>
     DynamicNumber& operator+=(Number right)
@@ -150,12 +154,14 @@ public:
     /// @}
 
     DynamicNumber squareRoot() const;
-    /// The nearest integer of a Float, as Signed; any other number unchanged.
+    /// The nearest integer of a Float, the even one of two, as Signed; out of range the nearest
+    /// limit. Any other number unchanged.
     DynamicNumber rounded() const;
     /// Becomes a Float. A number without a value keeps its bits, after a warning.
     void toFloat();
     DynamicNumber orElse(DynamicNumber other) const { return isUndefined() ? other : *this; }
-    /// The product, as a Float where an integer would wrap around.
+    /// The product, as a Float unless that of the doubles lies strictly between the limits of a's
+    /// kind: 0 and 2^64, or -2^63 and 2^63. That isn't exact near the limits.
     static DynamicNumber multiplyChecked(DynamicNumber a, DynamicNumber b);
 
 private:
@@ -166,6 +172,7 @@ private:
     bool isNegativeInteger() const { return m_type == Signed && qint64(m_bits) < 0; }
     void setInteger(Type type, quint64 bits);
     void setFloat(double number);
+    static double compute(Operation operation, double left, double right);
     double floatValue() const;
     /// The value as a double, exactly converted; for numbers that have one.
     double numericValue() const;

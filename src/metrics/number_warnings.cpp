@@ -21,6 +21,7 @@ void warnInvalidConversion()
 
 void warnEmptyOperand()
 {
+    // Spelled so for all who look for it.
     warnOfNumber("empy operand");
 }
 

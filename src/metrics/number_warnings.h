@@ -6,6 +6,7 @@ namespace vantrel {
 void warnUnsupportedDatatype();
 void warnConversionOverflow();
 void warnInvalidConversion();
+/// Belongs to the set, though no operation gives it.
 void warnEmptyOperand();
 /// Warns with any text.
 void warnOfNumber(const char* text);

@@ -15,6 +15,7 @@ ScaledQuantity::ScaledQuantity(const QString& unitText, DynamicNumber quantity, 
         numerator = Unit(parts.first(), system);
     if (parts.size() == 2)
         denominator = Unit(parts.last(), system);
+    // An empty unit would get the empty prefix, and be empty no longer.
     if (!numerator.isEmpty()) {
         factor = numerator.scaleFor(quantity);
         numerator.adjustPrefix(quantity);

@@ -2,8 +2,6 @@
 
 #include "metrics/unit_tables.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <cmath>
 

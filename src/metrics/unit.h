@@ -47,7 +47,8 @@ struct Unit {
     int system() const;
     double radix() const;
     /// The exponent of the prefix with which a quantity is at least 1 and less than the radix, as
-    /// far as the unit takes it. A quantity below 0 counts as less than 1.
+    /// far as the unit takes it. A quantity below 0 counts as less than 1. A prefix that the unit
+    /// doesn't take stays unless the quantity moves it back.
     int bestExponent(DynamicNumber quantity) const;
     /// The ratio of the best prefix for a quantity to the unit's own.
     double scaleFor(DynamicNumber quantity) const;

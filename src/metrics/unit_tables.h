@@ -10,7 +10,7 @@ namespace vantrel {
 const QVector<UnitPrefix>& unitPrefixes();
 /// All known units, in the order in which a text is compared with them.
 const QVector<BaseUnit>& baseUnits();
-/// The prefix of a system; one that isn't valid if the system doesn't have it.
+/// The prefix of a system with an exponent; one that isn't valid if there is none.
 UnitPrefix findUnitPrefix(int exponent, int system);
 
 } // namespace vantrel
