@@ -49,17 +49,22 @@ add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
     DEPENDS ${handlebars_source} ${d3_source} ${htmlparser_source} ${adapter}
     VERBATIM)
 
-# Two of our own scripts are kept in several files.
+# Two of our own scripts and the style sheet are kept in several files.
 set(scripts ${CMAKE_CURRENT_SOURCE_DIR}/resources/scripts)
 set(engine_parts ${scripts}/report-text.js ${scripts}/report-templates.js
     ${scripts}/report-helpers.js ${custom}/report-engine.js)
 set(vantrel_parts ${custom}/vantrel.js ${scripts}/vantrel-helpers.js)
+set(styles ${CMAKE_CURRENT_SOURCE_DIR}/resources/styles)
+set(style_parts ${custom}/vantrel.css ${styles}/subsections.css ${styles}/narrow-windows.css
+    ${styles}/print.css)
+set(style_sheet ${generated}/vantrel.css)
 set(engine_script ${generated}/report-engine.js)
 set(vantrel_script ${generated}/vantrel.js)
-add_custom_command(OUTPUT ${engine_script} ${vantrel_script}
+add_custom_command(OUTPUT ${engine_script} ${vantrel_script} ${style_sheet}
     COMMAND ${CMAKE_COMMAND} -E cat ${engine_parts} > ${engine_script}
     COMMAND ${CMAKE_COMMAND} -E cat ${vantrel_parts} > ${vantrel_script}
-    DEPENDS ${engine_parts} ${vantrel_parts}
+    COMMAND ${CMAKE_COMMAND} -E cat ${style_parts} > ${style_sheet}
+    DEPENDS ${engine_parts} ${vantrel_parts} ${style_parts}
     VERBATIM)
 
 set(resource_files)
@@ -69,18 +74,18 @@ foreach(name
     headerResourcesTemplate.html headerTasksTemplate.html headerTimeTemplate.html logoTemplate.html
     subsectionsTemplate.html summaryTemplate.html titleTemplate.html headerResourcesTemplate.txt
     text_header.txt text_subsections.txt text_summary.txt text_template.txt
-    header-data.json header.html vantrel.css
+    header-data.json header.html
     corvane.js polyfill.js radar-chart.js
     logo.png powered-by-corvane-reports.png
     validation.xsd)
     list(APPEND resource_files ${custom}/${name})
     string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
 endforeach()
-foreach(script ${handlebars_script} ${d3_script} ${htmlparser_script} ${engine_script}
-    ${vantrel_script})
-    list(APPEND resource_files ${script})
-    get_filename_component(name ${script} NAME)
-    string(APPEND qrc "<file alias=\"${name}\">${script}</file>\n")
+foreach(made ${handlebars_script} ${d3_script} ${htmlparser_script} ${engine_script}
+    ${vantrel_script} ${style_sheet})
+    list(APPEND resource_files ${made})
+    get_filename_component(name ${made} NAME)
+    string(APPEND qrc "<file alias=\"${name}\">${made}</file>\n")
 endforeach()
 set(prelude ${CMAKE_CURRENT_SOURCE_DIR}/resources/interpreter/prelude.js)
 list(APPEND resource_files ${prelude})
