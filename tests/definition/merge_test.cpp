@@ -49,18 +49,10 @@ QString colourName(const QColor& colour)
 
 QString metricLine(const ReportMetric& m)
 {
-    return QStringList{m.id,
-                       m.displayName,
-                       m.units,
-                       colourName(m.colour),
-                       metricTypeName(m.type),
-                       QString::number(m.corvaneMetricVersion),
-                       m.breakdownSubsection,
-                       m.source,
-                       m.metricRef,
-                       QString::number(m.sampleValue),
-                       QString::number(m.aggregation)}
-        .join('|');
+    const QStringList texts({m.id, m.displayName, m.units, colourName(m.colour),
+                             metricTypeName(m.type), QString::number(m.corvaneMetricVersion),
+                             m.breakdownSubsection, m.source, m.metricRef});
+    return QString("%1|%2|%3").arg(texts.join('|')).arg(m.sampleValue).arg(m.aggregation);
 }
 
 QString subsectionLine(const Subsection& s)
@@ -68,11 +60,13 @@ QString subsectionLine(const Subsection& s)
     QStringList rows;
     for (const SubsectionEntry& entry : s.entries)
         rows += entry.isSpacer ? QStringLiteral("spacer") : entry.reportMetric;
-    return QStringList{
-        s.id,          s.heading,  colourName(s.colour),     s.text,
-        s.errorMetric, s.requires, QString::number(s.order), QString::number(s.maxAdviceStrings),
-        rows.join('+')}
-        .join('|');
+    const QStringList texts(
+        {s.id, s.heading, colourName(s.colour), s.text, s.errorMetric, s.requires});
+    return QString("%1|%2|%3|%4")
+        .arg(texts.join('|'))
+        .arg(s.order)
+        .arg(s.maxAdviceStrings)
+        .arg(rows.join('+'));
 }
 
 /// All that a merge can change, a record a line.

@@ -1,7 +1,6 @@
-#include "metrics/metric_store.h"
+#include "metrics/metric_data.h"
 
 #include <QFile>
-#include <QJsonDocument>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -15,27 +14,12 @@ using namespace vantrel;
 
 namespace {
 
-MetricDefinition declare(const QString& id, MetricType type, quint8 version = 0)
-{
-    MetricDefinition definition;
-    definition.id = id;
-    definition.valuePath = id;
-    definition.type = type;
-    definition.version = version;
-    return definition;
-}
-
 QJsonObject object(const QByteArray& text)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     EXPECT_EQ(error.error, QJsonParseError::NoError) << text.toStdString();
     return document.object();
-}
-
-std::string textOf(const QJsonObject& object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
 }
 
 struct DefinitionRow {

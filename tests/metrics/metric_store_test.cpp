@@ -1,6 +1,4 @@
-#include "metrics/metric_store.h"
-
-#include <QJsonDocument>
+#include "metrics/metric_data.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +8,6 @@
 using namespace vantrel;
 
 namespace {
-
-MetricDefinition definitionOf(const QString& id, MetricType type)
-{
-    MetricDefinition definition;
-    definition.id = id;
-    definition.valuePath = id;
-    definition.type = type;
-    return definition;
-}
 
 void insertAt(QJsonObject& object, const QString& path, const QJsonValue& value)
 {
@@ -33,11 +22,6 @@ void insertAt(QJsonObject& object, const QString& path, const QJsonValue& value)
     object[key] = inner;
 }
 
-std::string textOf(const QJsonObject& object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
-}
-
 } // namespace
 
 TEST(MetricStore, holdsValuesOfDeclaredMetricsOnly)
@@ -48,7 +32,7 @@ TEST(MetricStore, holdsValuesOfDeclaredMetricsOnly)
     EXPECT_EQ(store.definition("a"), MetricDefinition());
     EXPECT_TRUE(store.definition("a").id.isNull());
 
-    store.addDefinition(definitionOf("a", MetricType::Integer));
+    store.addDefinition(declare("a", MetricType::Integer));
     EXPECT_FALSE(store.hasValue("a"));
     EXPECT_TRUE(store.setValue("a", "any form"));
     EXPECT_EQ(store.value("a"), QVariant("any form"));
@@ -57,9 +41,9 @@ TEST(MetricStore, holdsValuesOfDeclaredMetricsOnly)
     EXPECT_EQ(store.definition("a").units, "s");
     EXPECT_FALSE(store.hasDefinition("A"));
 
-    MetricDefinition later = definitionOf("a", MetricType::Double);
+    MetricDefinition later = declare("a", MetricType::Double);
     later.valuePath = "b.c";
-    store.addDefinitions({definitionOf("a", MetricType::Bool), later});
+    store.addDefinitions({declare("a", MetricType::Bool), later});
     EXPECT_EQ(store.definition("a"), later);
     later.version = 1;
     EXPECT_NE(store.definition("a"), later);
@@ -76,7 +60,7 @@ TEST(MetricStore, listsMissingValuesInOrder)
     QStringList missing{"kept"};
     EXPECT_TRUE(store.findMissingValues(&missing) && store.findMissingValues(nullptr));
     for (const char* id : {"b", "a.b", "a", "B", "c"})
-        store.addDefinition(definitionOf(id, MetricType::String));
+        store.addDefinition(declare(id, MetricType::String));
     store.setDefaultValue("b");
     EXPECT_FALSE(store.findMissingValues(&missing) || store.findMissingValues(nullptr));
     EXPECT_EQ(missing.join(" "), "kept B a a.b c");
@@ -105,13 +89,13 @@ TEST(MetricStore, writesValuesInTheFormOfTheirType)
     };
     for (const auto& row : rows) {
         MetricStore store;
-        store.addDefinition(definitionOf("v", row.type));
+        store.addDefinition(declare("v", row.type));
         store.setValue("v", row.value);
         EXPECT_EQ(textOf(store.toDataObject()), row.json);
     }
     for (const double infinity : {HUGE_VAL, -HUGE_VAL}) {
         MetricStore store;
-        store.addDefinition(definitionOf("v", MetricType::Double));
+        store.addDefinition(declare("v", MetricType::Double));
         store.setValue("v", infinity);
         EXPECT_TRUE(store.toDataObject().value("v") == QJsonValue(infinity)) << "not null yet";
     }
@@ -119,13 +103,13 @@ TEST(MetricStore, writesValuesInTheFormOfTheirType)
 
 TEST(MetricStore, writesDeclarations)
 {
-    MetricDefinition full = definitionOf("a.b", MetricType::DoubleWithPrecision);
+    MetricDefinition full = declare("a.b", MetricType::DoubleWithPrecision);
     full.valuePath = "x.y";
     full.units = "";
     full.displayName = "A";
     full.version = 255;
     MetricStore store;
-    store.addDefinitions({full, definitionOf("A", MetricType::Bool)});
+    store.addDefinitions({full, declare("A", MetricType::Bool)});
     EXPECT_EQ(textOf(store.toMetricDataObject()),
               R"({"A":{"type":"Bool","value":"A"},"a.b":{"displayName":"A",)"
               R"("type":"DoubleWithPrecision","units":"","value":"x.y","version":255}})");
