@@ -166,9 +166,9 @@ bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QStrin
     if (definition.idScheme().reservesCorvaneIds &&
         (id.startsWith(QLatin1String("corvane.")) || id.startsWith(QLatin1String("com.corvane."))))
         return xml.fail(QObject::tr("The id=\"%1\" is reserved.").arg(id));
-    if (id.count(u'.') >= mostIdParts) {
+    if (id.count(u'.') >= mostPathParts) {
         return xml.fail(QObject::tr("The id=\"%1\" has more than %2 parts.")
-                            .arg(id, QString::number(mostIdParts)));
+                            .arg(id, QString::number(mostPathParts)));
     }
     return true;
 }

@@ -14,8 +14,6 @@ namespace vantrel::report {
 /// for all together.
 constexpr int greatestMaxAdviceStrings = 1000;
 constexpr int mostAdviceStrings = 100000;
-/// Dotted ids become nested objects, which Qt and browsers walk recursively.
-constexpr int mostIdParts = 200;
 
 bool readMetrics(ReportDefinition& definition, XmlSource& xml);
 bool readSummary(ReportDefinition& definition, XmlSource& xml, DocumentKind kind);

@@ -19,9 +19,6 @@ namespace vantrel {
 
 namespace {
 
-/// Value paths become nested objects, which Qt walks recursively.
-constexpr int mostPathParts = 200;
-
 bool fail(QString* error, const QString& message)
 {
     if (error)

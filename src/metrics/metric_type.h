@@ -21,6 +21,9 @@ struct DoubleWithPrecision {
     int precision = 0;
 };
 
+/// Dotted ids and paths become nested objects, which Qt and browsers walk recursively.
+constexpr int mostPathParts = 200;
+
 /// The metric data version that this library writes.
 constexpr int currentMetricVersion = 3;
 
