@@ -33,30 +33,16 @@ TEST(Advice, fillsTheSlotsOfASubsection)
 
 TEST(Advice, tellsWhatIsWrong)
 {
-    const struct {
-        const char* id;
-        int number;
-        int code;
-        const char* message;
-    } rows[] = {
-        {"no%s", 0, 5, "subsection with ID \"no%s\" was not found"},
-        {"mem", 0, 16,
-         "bad advice string number (0) for subsection with ID \"mem\".Advice string indexing "
-         "starts at '1'."},
-        {"mem", -7, 16,
-         "bad advice string number (-7) for subsection with ID \"mem\".Advice string indexing "
-         "starts at '1'."},
-        {"mem", 4, 16,
-         "bad advice string number (4) for subsection with ID \"mem\".Expected number in range "
-         "1..3"},
-    };
-    for (const auto& row : rows) {
-        Report report;
-        EXPECT_EQ(report.setSubsectionAdvice(row.id, row.number, "x"), row.code);
-        EXPECT_EQ(report.text(), row.message);
-        EXPECT_EQ(slotsOf(report), QStringList({"", "", ""}));
-    }
     Report report;
+    EXPECT_EQ(report.setSubsectionAdvice("no%s", 0, "x"), 5);
+    EXPECT_EQ(report.text(), "subsection with ID \"no%s\" was not found");
+    EXPECT_EQ(report.setSubsectionAdvice("mem", 0, "x"), 16);
+    EXPECT_EQ(report.text(), "bad advice string number (0) for subsection with ID \"mem\".Advice "
+                             "string indexing starts at '1'.");
+    EXPECT_EQ(report.setSubsectionAdvice("mem", 4, "x"), 16);
+    EXPECT_EQ(report.text(), "bad advice string number (4) for subsection with ID \"mem\".Expected "
+                             "number in range 1..3");
+    EXPECT_EQ(slotsOf(report), QStringList({"", "", ""}));
     EXPECT_EQ(report.setSubsectionAdvices("no", {}), 5);
     EXPECT_EQ(report.adviceSlotCount("no"), -1);
     EXPECT_EQ(report.text(), "subsection with ID \"no\" was not found");

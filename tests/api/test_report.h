@@ -37,6 +37,10 @@ struct Report : CustomReport {
     {
         EXPECT_EQ(set(CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 4), 0);
         EXPECT_EQ(set(CORVANE_APPLICATION_DETAIL_EXE_NAME, "exe"), 0);
+        fillMetrics(cpu, ab, known);
+    }
+    void fillMetrics(double cpu = 1, double ab = 2, double known = 3)
+    {
         EXPECT_EQ(set("cpu", cpu) + set("a.b", ab), 0);
         EXPECT_EQ(setMetricValue("custom.report.metric.text", "t", RejectUnknown), 0);
         EXPECT_EQ(setMetricValue("known", known, RejectUnknown), 0);

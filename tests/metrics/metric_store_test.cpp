@@ -9,17 +9,13 @@ using namespace vantrel;
 
 namespace {
 
-void insertAt(QJsonObject& object, const QString& path, const QJsonValue& value)
+/// @p object with @p value at the end of @p path.
+QJsonObject insertedAt(QJsonObject object, QStringList path, const QJsonValue& value)
 {
-    QStringList parts = path.split('.');
-    const QString key = parts.takeFirst();
-    if (parts.isEmpty()) {
-        object[key] = value;
-        return;
-    }
-    QJsonObject inner = object.value(key).toObject();
-    insertAt(inner, parts.join('.'), value);
-    object[key] = inner;
+    const QString key = path.takeFirst();
+    const QJsonObject inner = object.value(key).toObject();
+    object[key] = path.isEmpty() ? value : QJsonValue(insertedAt(inner, path, value));
+    return object;
 }
 
 } // namespace
@@ -101,20 +97,6 @@ TEST(MetricStore, writesValuesInTheFormOfTheirType)
     }
 }
 
-TEST(MetricStore, writesDeclarations)
-{
-    MetricDefinition full = declare("a.b", MetricType::DoubleWithPrecision);
-    full.valuePath = "x.y";
-    full.units = "";
-    full.displayName = "A";
-    full.version = 255;
-    MetricStore store;
-    store.addDefinitions({full, declare("A", MetricType::Bool)});
-    EXPECT_EQ(textOf(store.toMetricDataObject()),
-              R"({"A":{"type":"Bool","value":"A"},"a.b":{"displayName":"A",)"
-              R"("type":"DoubleWithPrecision","units":"","value":"x.y","version":255}})");
-}
-
 TEST(MetricStore, nestsValuesAsOneInsertionAfterTheOther)
 {
     std::mt19937 random(3405);
@@ -132,15 +114,15 @@ TEST(MetricStore, nestsValuesAsOneInsertionAfterTheOther)
             const bool isPair = random() % 3 == 0;
             const double number = random() % 5 == 0 ? std::nan("") : i;
             const QJsonValue leaf = std::isnan(number) ? QJsonValue() : QJsonValue(number);
-            MetricDefinition definition;
-            definition.id = QString("m%1").arg(i);
+            MetricDefinition definition =
+                declare(QString("m%1").arg(i),
+                        isPair ? MetricType::DoubleWithPrecision : MetricType::Double);
             definition.valuePath = path.join('.');
-            definition.type = isPair ? MetricType::DoubleWithPrecision : MetricType::Double;
             store.addDefinition(definition);
             store.setValue(definition.id,
                            isPair ? fromDoubleWithPrecision({number, i}) : QVariant(number));
-            insertAt(expected, definition.valuePath,
-                     isPair ? QJsonObject{{"value", leaf}, {"precision", i}} : leaf);
+            expected = insertedAt(expected, path,
+                                  isPair ? QJsonObject{{"value", leaf}, {"precision", i}} : leaf);
             trace += definition.valuePath + (isPair ? " pair, " : ", ");
         }
         SCOPED_TRACE(trace.toStdString());

@@ -51,12 +51,9 @@ TEST(MetricType, fitsExactlyOneForm)
         {"null text", QString(), 1},
         {"bool", true, 2},
         {"int", 1, 3},
-        {"unsigned", 1u, 0},
         {"long", qlonglong(1), 0},
         {"double", 1.0, 4},
-        {"float", 1.0f, 0},
         {"bytes", QByteArray("1"), 0},
-        {"character", QChar('1'), 0},
         {"invalid", QVariant(), 0},
         {"null of a type", QVariant(QVariant::Double), 4},
         {"pair", pairOf(1.0, 2), 5},
@@ -64,7 +61,6 @@ TEST(MetricType, fitsExactlyOneForm)
         {"double precision", pairOf(1.0, 2.0), 0},
         {"no precision", QVariantMap{{"value", 1.0}}, 0},
         {"no value", QVariantMap{{"precision", 2}}, 0},
-        {"empty map", QVariantMap(), 0},
         {"hash", QVariantHash{{"value", 1.0}, {"precision", 2}}, 0},
     };
     for (const auto& row : rows) {
@@ -81,24 +77,21 @@ TEST(MetricType, fitsExactlyOneForm)
 
 TEST(MetricType, hasDefaultAndAbsentValues)
 {
-    for (const MetricType type : allTypes) {
-        SCOPED_TRACE(int(type));
+    const char* const absentTexts[] = {"", "0", "0", "nan", "nan"};
+    for (int code = 1; code <= 5; ++code) {
+        const MetricType type = MetricType(code);
         const QVariant value = defaultValueFor(type);
-        const bool isType = !metricTypeName(type).isNull();
-        EXPECT_EQ(value.isValid(), isType);
-        EXPECT_EQ(isValueOfType(type, value), isType);
-        EXPECT_EQ(isValueOfType(type, absentValueFor(type)), isType);
-        EXPECT_EQ(value.toDouble(), 0.0);
+        const QVariant absent = absentValueFor(type);
+        EXPECT_TRUE(isValueOfType(type, value) && isValueOfType(type, absent)) << code;
+        EXPECT_EQ(metricValueText(type, value), code == 1 ? "" : "0") << code;
+        EXPECT_EQ(metricValueText(type, absent), absentTexts[code - 1]) << code;
     }
+    EXPECT_EQ(toDoubleWithPrecision(absentValueFor(MetricType::DoubleWithPrecision)).precision, 0);
     EXPECT_TRUE(defaultValueFor(MetricType::String).toString().isNull());
     EXPECT_TRUE(absentValueFor(MetricType::String).toString().isNull());
-    EXPECT_EQ(absentValueFor(MetricType::Integer), QVariant(0));
-    EXPECT_EQ(absentValueFor(MetricType::Bool), QVariant(false));
-    EXPECT_TRUE(std::isnan(absentValueFor(MetricType::Double).toDouble()));
-    const MetricType precise = MetricType::DoubleWithPrecision;
-    EXPECT_EQ(toDoubleWithPrecision(defaultValueFor(precise)).value, 0.0);
-    EXPECT_TRUE(std::isnan(toDoubleWithPrecision(absentValueFor(precise)).value));
-    EXPECT_EQ(toDoubleWithPrecision(absentValueFor(precise)).precision, 0);
+    for (const int code : {-1, 0, 6})
+        EXPECT_FALSE(defaultValueFor(MetricType(code)).isValid() ||
+                     absentValueFor(MetricType(code)).isValid());
 }
 
 TEST(MetricType, printsValues)
@@ -113,8 +106,6 @@ TEST(MetricType, printsValues)
         {2, false, "0"},
         {3, -2147483647 - 1, "-2147483648"},
         {4, 1234567.0, "1.23457e+06"},
-        {4, 0.1, "0.1"},
-        {4, -HUGE_VAL, "-inf"},
         {4, std::nan(""), "nan"},
         {5, fromDoubleWithPrecision({1234567, 3}), "1.23e+06"},
         {5, fromDoubleWithPrecision({0.12345678, 8}), "0.12345678"},
@@ -126,8 +117,8 @@ TEST(MetricType, printsValues)
 
 TEST(MetricType, knowsThreeDataVersions)
 {
-    for (const int number : {-2147483647, -1, 0, 1, 2, 3, 4, 257, 259})
-        EXPECT_EQ(metricDataVersion(number),
-                  number == 1 || number == 2 || number == 3 ? number : 0);
-    EXPECT_EQ(currentMetricVersion, 3);
+    for (const int number : {1, 2, 3})
+        EXPECT_EQ(metricDataVersion(number), number);
+    for (const int number : {-1, 0, 4, 257})
+        EXPECT_EQ(metricDataVersion(number), 0) << number;
 }
