@@ -10,13 +10,6 @@ using namespace vantrel::report;
 
 namespace {
 
-struct Row {
-    const char* name;
-    const char* kind;
-    QString text;
-    const char* message;
-};
-
 QString repeated(const char* text, int count)
 {
     return QString::fromLatin1(text).repeated(count);
@@ -26,43 +19,40 @@ QString repeated(const char* text, int count)
 
 TEST(DefinitionContent, goesOnAfterReportedTrouble)
 {
-    const char anyMetric[] =
-        "errorMetric attribute must refer to a string metric, but metric \"%1\" "
-        "is of type \"%2\"";
-    const auto badErrorMetric = [&](const char* id, const char* type) {
-        return QString(anyMetric).arg(id, type).toLatin1();
-    };
-    const QByteArray asDouble = badErrorMetric("a", "Double");
-    const QByteArray asBool = badErrorMetric("b", "Bool");
-    const QByteArray asBuiltin = badErrorMetric("applicationDetails.notes", "Double");
-    const Row rows[] = {
-        {"metrics", "Warning", document("<x>@<reportMetric/></x>"),
+    const QString badErrorMetric = "errorMetric attribute must refer to a string metric, but "
+                                   "metric \"%1\" is of type \"%2\"";
+    const struct {
+        const char* kind;
+        QString text;
+        QString message;
+    } rows[] = {
+        {"Warning", document("<x>@<reportMetric/></x>"),
          "Unrecognised element 'x' in <reportMetric>"},
-        {"summary", "Warning", summary("<x/>@"), "Unrecognised element 'x' in <summary>"},
-        {"subsections", "Warning", document({}, {}, "<x/><entry>@<y/></entry>"),
+        {"Warning", summary("<x/>@"), "Unrecognised element 'x' in <summary>"},
+        {"Warning", document({}, {}, "<x/><entry>@<y/></entry>"),
          "Unrecognised element 'entry' in <subsections>"},
-        {"subsection", "Warning", section("><heading/>@</subsection>"),
+        {"Warning", section("><heading/>@</subsection>"),
          "Unrecognised element 'heading' in <subsection>"},
-        {"double error metric", "Error", section("errorMetric='a'/>@"), asDouble},
-        {"bool error metric", "Error",
-         document("<reportMetric id='b' displayName='B' type='boolean'/>", {},
-                  "<subsection id='s' heading='S' errorMetric='b'/>@"),
-         asBool},
-        {"built-in error metric", "Error", section("errorMetric='applicationDetails.notes'/>@"),
-         asBuiltin},
-        {"negative advice", "Error", section("errorMetric='a' maxAdviceStrings='-1'/>@"),
-         "Attribute 'maxAdviceStrings' cannot be negative. Current value = -1."},
-        {"warning over error", "Warning", section("errorMetric='a'><x/>@</subsection>"),
+        {"Error",
+         metric("type='boolean'/>")
+             .replace("<subsections>\n",
+                      "<subsections>\n<subsection id='s' heading='S' errorMetric='b'/>@"),
+         badErrorMetric.arg("b", "Bool")},
+        {"Error", section("errorMetric='applicationDetails.notes'/>@"),
+         badErrorMetric.arg("applicationDetails.notes", "Double")},
+        {"Warning", section("errorMetric='a'><x/>@</subsection>"),
          "Unrecognised element 'x' in <subsection>"},
+        {"Error", section("errorMetric='a' maxAdviceStrings='-1'/>@"),
+         "Attribute 'maxAdviceStrings' cannot be negative. Current value = -1."},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text.toStdString());
         const Loaded loaded = load(row.text);
         ASSERT_TRUE(loaded.definition);
         EXPECT_EQ(loaded.error.toStdString(), framed(row.kind, row.text, row.message));
         EXPECT_EQ(loaded.definition->summary().entries.size(), 1);
     }
-    EXPECT_EQ(load(rows[7].text).definition->subsection("s").maxAdviceStrings, -1);
+    EXPECT_EQ(load(std::end(rows)[-1].text).definition->subsection("s").maxAdviceStrings, -1);
 }
 
 TEST(DefinitionContent, namesTheAddressInMessages)
@@ -96,11 +86,11 @@ TEST(DefinitionContent, keepsMarkupAsText)
                      "</description></spacer><text>%1|</text></subsection>");
         const Loaded loaded = load(text.arg(given));
         ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
+        const Summary summary = loaded.definition->summary();
         const Subsection section = loaded.definition->subsection("s");
-        EXPECT_EQ(loaded.definition->summary().footer.toStdString(), kept);
-        EXPECT_EQ(loaded.definition->summary().entries.at(1).description.toStdString(), kept);
-        EXPECT_EQ(section.entries.at(0).description.toStdString(), kept);
-        EXPECT_EQ(section.text.toStdString(), std::string(kept) + kept + "|");
+        const QStringList read({summary.footer, summary.entries.at(1).description,
+                                section.entries.at(0).description, section.text});
+        EXPECT_EQ(read.join('\n'), QString("%1\n%1\n%1\n%1%1|").arg(kept));
     }
 }
 
@@ -119,7 +109,8 @@ TEST(DefinitionContent, readsEveryAttribute)
         "maxAdviceStrings='1000' overwrite=' 1 '><entry machineReadableOnly='true' "
         "reportMetric='b.c' unitPrefix='iec' displayName='N' colour='blue' group='g' "
         "maxBarValue='1.5e3' order='2' requires='b.c'/><spacer order='3' requires='!a' "
-        "reportMetric='?' colour='?'/><entry reportMetric='a' maxBarValue='+inf'/></subsection>"));
+        "reportMetric='?' colour='?'/><entry reportMetric='a' colour='' "
+        "maxBarValue='+inf'/></subsection>"));
     ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
     EXPECT_EQ(loaded.error, QString());
     const ReportDefinition& read = *loaded.definition;
@@ -129,44 +120,27 @@ TEST(DefinitionContent, readsEveryAttribute)
     const Loaded own = load(changed("name='r'", "name='r' logo='l' logoLink=''"));
     EXPECT_EQ(own.definition->logo() + own.definition->logoLink(), "l" + defaultLogoLink());
 
-    const ReportMetric metric = read.metric("b.c");
-    EXPECT_EQ(QStringList({metric.displayName, metric.units, metric.colour.name(),
-                           metric.breakdownSubsection, metric.source, metric.metricRef})
-                  .join("|"),
-              "B|%|#ff0000|s|metric|m");
-    EXPECT_EQ(metric.type, MetricType::Integer);
-    EXPECT_EQ(metric.corvaneMetricVersion * 100 + metric.sampleValue * 10 + metric.aggregation,
-              232);
-    EXPECT_EQ(read.metric("d").type, MetricType::String);
-    EXPECT_EQ(read.metric("d").corvaneMetricVersion, 0);
-    EXPECT_TRUE(read.metric("d").units.isNull());
-
-    EXPECT_EQ(read.summary().heading, "One<br/>Two");
+    EXPECT_EQ(metricLine(read.metric("b.c")), "b.c|B|%|#ff0000|Integer|2|s|metric|m|3|2");
+    EXPECT_EQ(metricLine(read.metric("d")), "d|D||none|String|0||internal||0|0");
     const SummaryEntry shown = read.summary().entries.first();
-    EXPECT_EQ(QStringList({shown.id, shown.reportMetric, shown.chartLabel, shown.description,
-                           shown.requires, QString::number(shown.order)})
-                  .join("|"),
-              "f|b.c|L||!version|-1");
+    EXPECT_EQ(QStringList({read.summary().heading, shown.id, shown.reportMetric, shown.chartLabel,
+                           shown.description, shown.requires, QString::number(shown.order)})
+                  .join('|'),
+              "One<br/>Two|f|b.c|L||!version|-1");
 
     const Subsection section = read.subsection("s");
-    EXPECT_EQ(section.heading + section.colour.name() + section.requires + section.errorMetric,
-              "S#00ff00dd");
-    EXPECT_EQ(section.order, 7);
-    EXPECT_EQ(section.maxAdviceStrings, 1000);
-    ASSERT_EQ(section.entries.size(), 3);
-    const SubsectionEntry& entry = section.entries.at(0);
-    EXPECT_EQ(QStringList({entry.reportMetric, entry.displayName, entry.colour.name(), entry.group,
-                           entry.requires})
-                  .join("|"),
-              "b.c|N|#0000ff|g|b.c");
-    EXPECT_TRUE(entry.machineReadableOnly && !entry.isSpacer && hasMaxBarValue(entry));
-    EXPECT_EQ(entry.unitPrefix, IecPrefix);
-    EXPECT_EQ(entry.maxBarValue, 1500);
-    EXPECT_EQ(entry.order, 2);
-    const SubsectionEntry& spacer = section.entries.at(1);
-    EXPECT_TRUE(spacer.isSpacer && spacer.reportMetric.isEmpty() && !spacer.colour.isValid());
-    EXPECT_EQ(spacer.requires + QString::number(spacer.order), "!a3");
-    EXPECT_FALSE(hasMaxBarValue(section.entries.at(2)));
+    EXPECT_EQ(subsectionLine(section), "s|S|#00ff00||d|d|7|1000|b.c+spacer+a");
+    QStringList rows;
+    for (const SubsectionEntry& entry : section.entries) {
+        const double scale = hasMaxBarValue(entry) ? entry.maxBarValue : -1;
+        rows += QStringList({entry.reportMetric, entry.displayName, colourName(entry.colour),
+                             entry.group, entry.requires, QString::number(entry.order),
+                             QString::number(entry.unitPrefix), QString::number(scale),
+                             QString::number(entry.machineReadableOnly)})
+                    .join('|');
+    }
+    EXPECT_EQ(rows.join('\n'), "b.c|N|#0000ff|g|b.c|2|1|1500|1\n||none||!a|3|0|-1|0\n"
+                               "a||none|||0|0|-1|0");
 }
 
 TEST(DefinitionContent, takesWhatIsNotReserved)
@@ -191,23 +165,20 @@ TEST(DefinitionContent, hasLimits)
     EXPECT_TRUE(load(withId.arg(big)).definition->hasMetric(big));
     EXPECT_TRUE(load(changed("</report>", "")).definition) << "an end tag that is missing";
 
-    QString attributes = "<!-- " + repeated("a='' ", 2000) + "--><x b='a=a>'";
+    const QString comment = "<!-- " + repeated("a='' ", 2000) + "-->";
+    QString element = "<x b='a=a>'";
     for (int i = 2; i <= 1000; ++i)
-        attributes += QString(" a%1=''").arg(i);
-    EXPECT_TRUE(load(document(attributes + "/>")).definition);
-    const QString oneMore = document(attributes + " c=''/@>");
-    EXPECT_EQ(load(oneMore).error.toStdString(),
-              framed("Error", oneMore, "An element has more than 1000 attributes"));
-    const QString bigElement = oneMore.mid(oneMore.indexOf("<x b="));
+        element += QString(" a%1=''").arg(i);
+    EXPECT_TRUE(load(document(comment + element + "/>")).definition);
+    const QString oneMore = document(comment + element + " c=''/@>");
+    const char message[] = "An element has more than 1000 attributes";
+    EXPECT_EQ(load(oneMore).error.toStdString(), framed("Error", oneMore, message));
     for (const QString& subset :
          {QString("<!-- it's -->"), QString("<?x it's ?>"), QString("<!ENTITY e \"it's <\">"),
           "<!ATTLIST x " + repeated("a CDATA '' ", 501) + ">",
           "<!ENTITY e '<x " + repeated("a=\"\" ", 501) + "/>'>"}) {
-        const QString text = "<!DOCTYPE report [" + subset + "]>" + document("<x/>");
-        EXPECT_EQ(load(QString(text).replace("<x/>", "<x " + bigElement.mid(3)))
-                      .error.endsWith("An element has more than 1000 attributes"),
-                  true)
-            << subset.left(40).toStdString();
+        const QString text = "<!DOCTYPE report [" + subset + "]>" + document(element + " c=''/>");
+        EXPECT_TRUE(load(text).error.endsWith(message)) << subset.left(40).toStdString();
     }
 
     QString sections;

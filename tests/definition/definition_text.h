@@ -65,4 +65,31 @@ inline std::string framed(const char* kind, const QString& text, const QString& 
         .toStdString();
 }
 
+/// @name A record in a line
+/// @{
+inline QString colourName(const QColor& colour)
+{
+    return colour.isValid() ? colour.name() : QStringLiteral("none");
+}
+
+inline QString metricLine(const ReportMetric& m)
+{
+    const QStringList texts({m.id, m.displayName, m.units, colourName(m.colour),
+                             metricTypeName(m.type), QString::number(m.corvaneMetricVersion),
+                             m.breakdownSubsection, m.source, m.metricRef});
+    return QString("%1|%2|%3").arg(texts.join('|')).arg(m.sampleValue).arg(m.aggregation);
+}
+
+inline QString subsectionLine(const Subsection& s)
+{
+    QStringList rows;
+    for (const SubsectionEntry& entry : s.entries)
+        rows += entry.isSpacer ? QStringLiteral("spacer") : entry.reportMetric;
+    const QStringList texts({s.id, s.heading, colourName(s.colour), s.text, s.errorMetric,
+                             s.requires, QString::number(s.order),
+                             QString::number(s.maxAdviceStrings), rows.join('+')});
+    return texts.join('|');
+}
+/// @}
+
 } // namespace vantrel::report

@@ -14,7 +14,9 @@ namespace {
 /// One random change of an attribute, an element, a tag or a few characters.
 QByteArray mutated(const QByteArray& xml, std::mt19937& random)
 {
-    static const QRegularExpression attribute(" (\\w+)=\"([^\"]*)\"");
+    static const QRegularExpression attribute(" \\w+=\"[^\"]*\"");
+    static const QRegularExpression attributeName("(?<= )\\w+(?==\")");
+    static const QRegularExpression attributeValue("(?<==\")[^\"]*");
     static const QRegularExpression element("<(\\w+)[^<>]*(/>|>[^<>]*</\\1>)");
     static const QRegularExpression name("(?<=[</ ])\\w+(?=[ =>/])");
     static const QStringList values =
@@ -26,41 +28,25 @@ QByteArray mutated(const QByteArray& xml, std::mt19937& random)
         QString("p|div|a|ul|li|pre|b|x|heading|entry|text|summary|order|id|units|spacer|source|"
                 "overwrite|type|requires|maxBarValue|maxAdviceStrings|machineReadableOnly|x:y")
             .split('|');
-    const int kind = int(random() % 9);
-    const QString text = QString::fromUtf8(xml);
+    const auto pick = [&](const auto& list) {
+        return list.at(int(random() % unsigned(list.size())));
+    };
+    const QVector<QRegularExpression> kinds(
+        {attribute, attributeName, attributeValue, element, element, name});
+    const int kind = int(random() % unsigned(kinds.size()));
+    QString text = QString::fromUtf8(xml);
     QVector<QRegularExpressionMatch> found;
-    const QRegularExpression& wanted = kind < 4 ? attribute : kind < 8 ? element : name;
-    for (auto it = wanted.globalMatch(text); it.hasNext();)
+    for (auto it = kinds.at(kind).globalMatch(text); it.hasNext();)
         found.append(it.next());
-    const QRegularExpressionMatch one = found.at(int(random() % unsigned(found.size())));
-    const QRegularExpressionMatch other = found.at(int(random() % unsigned(found.size())));
-    const QString value = values.at(int(random() % unsigned(values.size())));
-    const QString newName = names.at(int(random() % unsigned(names.size())));
-    const auto replaced = [&](const QRegularExpressionMatch& match, const QString& by,
-                              int group = 0) {
-        return QString(text).replace(match.capturedStart(group), match.capturedLength(group), by);
-    };
-    const auto inserted = [&](const QRegularExpressionMatch& match, const QString& what) {
-        return QString(text).insert(match.capturedEnd(), what);
-    };
-    switch (kind) {
-    case 0:
-    case 4:
-        return replaced(one, QString()).toUtf8();
-    case 1:
-    case 5:
-        return inserted(other, one.captured()).toUtf8();
-    case 2:
-        return replaced(one, newName, 1).toUtf8();
-    case 3:
-        return replaced(one, value, 2).toUtf8();
-    case 6:
-        return replaced(one, '<' + newName + '>' + value + "</" + newName + '>').toUtf8();
-    case 7:
-        return inserted(one, value).toUtf8();
-    default:
-        return replaced(one, newName).toUtf8();
-    }
+    const QRegularExpressionMatch one = pick(found);
+    const QString twice = one.captured() + pick(found).captured();
+    const QString value = pick(values);
+    const QString word = pick(names);
+    const QString newElement = '<' + word + '>' + value + "</" + word + '>';
+    const QStringList changes[] = {
+        {"", twice}, {word}, {value}, {"", twice}, {newElement, one.captured() + value}, {word}};
+    const QString change = pick(changes[kind]);
+    return text.replace(one.capturedStart(), one.capturedLength(), change).toUtf8();
 }
 
 } // namespace
@@ -72,14 +58,14 @@ TEST(SchemaAgreement, fetchesNothing)
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     const QString http = QString("http://127.0.0.1:%1/x.xsd").arg(server.serverPort());
     // Whoever reads this file takes "x" for a valid root.
-    const QString path = folder.filePath("x.xsd");
-    writeFile(path, "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
-                    "targetNamespace='urn:x'><xs:element name='x'/></xs:schema>");
+    writeFile(folder.filePath("x.xsd"),
+              "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
+              "targetNamespace='urn:x'><xs:element name='x'/></xs:schema>");
     const QByteArray comment = "<!-- xmlns=\"http://www.corvane.example/2016/CorvaneReports\" -->";
-    const QString entities = folder.filePath("x.ent");
-    writeFile(entities, "<b>read</b>");
+    writeFile(folder.filePath("x.ent"), "<b>read</b>");
+    const QString files = QUrl::fromLocalFile(folder.path()).toString();
     const QByteArray instance = "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:";
-    for (const QString& address : {http, QUrl::fromLocalFile(path).toString()}) {
+    for (const QString& address : {http, files + "/x.xsd"}) {
         const QByteArray at = '\'' + address.toUtf8() + '\'';
         const QByteArray pair = QByteArray(at).replace(0, 1, "'urn:x ");
         EXPECT_FALSE(
@@ -93,10 +79,10 @@ TEST(SchemaAgreement, fetchesNothing)
         }
         validate("<!DOCTYPE report SYSTEM " + at + ">" + document("", ""));
     }
-    const QByteArray declared = "<!DOCTYPE report [<!ENTITY e SYSTEM '" +
-                                QUrl::fromLocalFile(entities).toEncoded() + "'>]>";
-    EXPECT_FALSE(schemaAccepts(declared + markup("&e;")));
-    validate(declared + markup("&e;"));
+    const QByteArray xml =
+        "<!DOCTYPE report [<!ENTITY e SYSTEM '" + files.toUtf8() + "/x.ent'>]>" + markup("&e;");
+    EXPECT_FALSE(schemaAccepts(xml));
+    validate(xml);
     EXPECT_FALSE(server.waitForNewConnection(50));
 }
 
@@ -110,7 +96,6 @@ TEST(SchemaAgreement, leavesStrangeTextsToQt)
         {"<?xml version='1.1'?>" + text, false},
         {"<?xml version='1.0' encoding='ISO-8859-1'?>" + text, false},
         {"<!DOCTYPE report>" + text, false},
-        {document("displayName=\"A\"", "displayName='" + QByteArray(100000, 'x') + "'"), true},
         {markup(QByteArray(11000000, 'x')), true},
         {document("id=\"s\"", "id='" + QByteArray(100000, 'x') + "'"), true},
         {document("<subsection ", "<subsection maxAdviceStrings='4294967295' "), true},
@@ -131,9 +116,8 @@ TEST(SchemaAgreement, isNotConfusedByManyNames)
         const QByteArray number = QByteArray::number(i);
         const QByteArray xml =
             markup("<p" + number + ":b xmlns:p" + number + "='urn:" + number + "'/>");
-        const Verdict verdict = validate(xml);
-        EXPECT_FALSE(verdict.accepted) << i;
-        EXPECT_TRUE(verdict.error.contains("{urn:" + number + "}")) << verdict.error.toStdString();
+        const QString error = validate(xml).error;
+        EXPECT_TRUE(error.contains("{urn:" + number + "}")) << i << error.toStdString();
     }
     QByteArray many;
     for (int i = 0; i < 400; ++i)
@@ -148,7 +132,6 @@ TEST(SchemaAgreement, acceptsNothingThatQtRefuses)
     const LeaksOfQt leaks;
     std::mt19937 random(20160401);
     int accepted = 0;
-    int refused = 0;
     const QString tests = TEST_SOURCE_DIR;
     for (const QString& path :
          {tests + "/render/golden/sample.xml", tests + "/../examples/heat-mpi/heat-report.xml"}) {
@@ -156,15 +139,11 @@ TEST(SchemaAgreement, acceptsNothingThatQtRefuses)
         EXPECT_TRUE(schemaAccepts(xml));
         for (int round = 0; round < 250; ++round) {
             const QByteArray changed = mutated(xml, random);
-            if (!schemaAccepts(changed)) {
-                ++refused;
+            if (!schemaAccepts(changed))
                 continue;
-            }
             ++accepted;
-            const Verdict verdict = judgeWithQt(changed);
-            EXPECT_TRUE(verdict.accepted) << verdict.error.toStdString();
+            EXPECT_TRUE(qtAccepts(changed)) << changed.constData();
         }
     }
-    EXPECT_GT(accepted, 50);
-    EXPECT_GT(refused, 100);
+    EXPECT_TRUE(accepted > 50 && accepted < 400) << accepted;
 }

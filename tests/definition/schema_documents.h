@@ -8,28 +8,20 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
+/// Qt never gives back all memory of a schema. A test that loads several can't look for leaks.
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>
+using LeaksOfQt = __lsan::ScopedDisabler;
+#else
+struct LeaksOfQt {
+    LeaksOfQt() {}
+};
 #endif
 
 /// Documents for the schema check, and its two judges.
 namespace vantrel::report {
-
-/// Qt never gives back all memory of a schema. A test that loads several can't look for leaks.
-struct LeaksOfQt {
-#ifdef __SANITIZE_ADDRESS__
-    LeaksOfQt()
-    {
-        __lsan_disable();
-    }
-    ~LeaksOfQt()
-    {
-        __lsan_enable();
-    }
-#else
-    LeaksOfQt() {}
-#endif
-};
 
 inline const QUrl place("file:///d/r.xml");
 
@@ -63,13 +55,11 @@ inline Verdict validate(const QByteArray& xml, const QString& schema = compiledI
     return verdict;
 }
 
-inline Verdict judgeWithQt(const QByteArray& xml)
+inline bool qtAccepts(const QByteArray& xml)
 {
     SchemaFile schema;
     EXPECT_TRUE(readSchemaFile(compiledInSchema(), &schema, nullptr));
-    Verdict verdict;
-    verdict.accepted = explainWithQt(xml, place, schema, &verdict.error, 0);
-    return verdict;
+    return explainWithQt(xml, place, schema, nullptr, 0);
 }
 
 inline QByteArray contentOf(const QString& path)
@@ -81,9 +71,7 @@ inline QByteArray contentOf(const QString& path)
 
 inline void writeFile(const QString& path, const QByteArray& content)
 {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
+    std::ofstream(path.toStdString()) << content.constData();
 }
 
 } // namespace vantrel::report
