@@ -12,61 +12,12 @@
 
 namespace {
 
-struct Metric {
-    std::string id;
-    std::string name;
-    double value;
-    std::string attributes = "units=\"%\"";
-};
-
-std::string escaped(const std::string& text)
-{
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-        case '<':
-            result += "&lt;";
-            break;
-        case '&':
-            result += "&amp;";
-            break;
-        case '"':
-            result += "&quot;";
-            break;
-        default:
-            result += c;
-        }
-    }
-    return result;
-}
-
-/// A definition that is put together piece by piece, and the values that go with it.
 struct Page {
-    std::vector<Metric> metrics;
-    std::string heading = "The run of <b>${corvane.appDetails.exeName}</b>";
-    std::string summary;
-    std::string subsections;
+    std::string definition;
+    std::vector<std::pair<std::string, double>> values;
     std::string exeName = "app";
     std::string notes;
     std::string commandLine;
-
-    void addSummaryRow(const std::string& id, const std::string& more = "")
-    {
-        summary += "<entry id=\"row." + id + "\" reportMetric=\"" + id + "\" " + more + "/>";
-    }
-
-    std::string definition() const
-    {
-        std::string xml =
-            "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"Page\">"
-            "<reportMetrics>";
-        for (const Metric& metric : metrics) {
-            xml += "<reportMetric id=\"" + metric.id + "\" displayName=\"" + escaped(metric.name) +
-                   "\" " + metric.attributes + "/>";
-        }
-        return xml + "</reportMetrics><summary><heading>" + heading + "</heading>" + summary +
-               "</summary><subsections>" + subsections + "</subsections></report>";
-    }
 };
 
 void check(vantrel* report, int code)
@@ -79,10 +30,10 @@ void check(vantrel* report, int code)
 
 void write(const Page& page, const std::string& path)
 {
-    vantrel* report = vantrel_create(page.definition().c_str());
+    vantrel* report = vantrel_create(page.definition.c_str());
     check(report, vantrel_has_error(report));
-    for (const Metric& metric : page.metrics)
-        check(report, vantrel_set_value_double(report, metric.id.c_str(), metric.value));
+    for (const auto& [id, value] : page.values)
+        check(report, vantrel_set_value_double(report, id.c_str(), value));
     const auto set = [report](const char* id, const std::string& text) {
         check(report, vantrel_set_value_string(report, id, text.c_str()));
     };
@@ -98,38 +49,105 @@ void write(const Page& page, const std::string& path)
     vantrel_free(report);
 }
 
+std::string makeDefinition(const std::string& metrics, const std::string& summary,
+                           const std::string& subsections)
+{
+    return "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"Page\">"
+           "<reportMetrics>" +
+           metrics +
+           "</reportMetrics><summary><heading>The run of <b>${corvane.appDetails.exeName}</b>"
+           "</heading>" +
+           summary + "</summary><subsections>" + subsections + "</subsections></report>";
+}
+
 Page makeTypical()
 {
+    constexpr char metrics[] = R"xml(
+        <reportMetric id="compute" displayName="Compute" units="%" colour="#2e7d32"
+                      breakdownSubsection="s1"/>
+        <reportMetric id="network" displayName="Network" units="%" colour="rgb(21,101,192)"/>
+        <reportMetric id="storage" displayName="Storage" units="%" colour="hsl(30,90,30)"/>
+        <reportMetric id="plain" displayName="No colour" units="%"/>
+        <reportMetric id="read" displayName="Read rate" units="B/s" colour="#7b1fa2"/>
+        <reportMetric id="write" displayName="Write rate" units="B/s" colour="#7b1fa2"/>
+        <reportMetric id="memory" displayName="Memory" units="B"/>
+        <reportMetric id="same" displayName="Read rate" units="%"/>)xml";
+    constexpr char summary[] = R"(
+        <entry id="row.compute" reportMetric="compute"/>
+        <entry id="row.network" reportMetric="network" chartLabel="Net"/>
+        <entry id="row.storage" reportMetric="storage"/>
+        <entry id="row.plain" reportMetric="plain"/>
+        <entry id="row.same" reportMetric="same" requires="applicationDetails.hasGpu"/>)";
+    constexpr char subsections[] = R"(
+        <subsection id="s1" heading="First" colour="#c62828"><text>All of it.</text>
+          <entry reportMetric="compute" colour="#0000ff"><description>Opens</description></entry>
+          <entry reportMetric="network"/>
+        </subsection>
+        <subsection id="s2" heading="Second">
+          <entry reportMetric="read" group="rates"><description>Reading</description></entry>
+          <spacer/>
+          <entry reportMetric="write" group="rates"/>
+          <entry reportMetric="memory" unitPrefix="iec" maxBarValue="6442450944"/>
+          <entry reportMetric="plain" machineReadableOnly="true"/>
+        </subsection>
+        <subsection id="s3" heading="Third">
+          <entry reportMetric="same"><description>Another of this name</description></entry>
+        </subsection>
+        <subsection id="s4" heading="Unseen" requires="applicationDetails.hasGpu">
+          <entry reportMetric="same"/>
+        </subsection>)";
     Page page;
     page.exeName = "typical";
-    page.metrics = {
-        {"compute", "Compute", 60.04, "units=\"%\" colour=\"#2e7d32\" breakdownSubsection=\"s1\""},
-        {"network", "Network", 30, "units=\"%\" colour=\"rgb(21,101,192)\""},
-        {"storage", "Storage", 9.96, "units=\"%\" colour=\"hsl(30,90,30)\""},
-        {"plain", "No colour", 0},
-        {"rate.read", "Read rate", 2.5e6, "units=\"B/s\" colour=\"#7b1fa2\""},
-        {"rate.write", "Write rate", 5e6, "units=\"B/s\" colour=\"#7b1fa2\""},
-        {"memory", "Memory", 3221225472.0, "units=\"B\""},
-        {"same", "Read rate", 12},
-    };
-    page.addSummaryRow("compute");
-    page.addSummaryRow("network", "chartLabel=\"Net\"");
-    page.addSummaryRow("storage");
-    page.addSummaryRow("plain");
-    page.addSummaryRow("same", "requires=\"applicationDetails.hasGpu\"");
-    page.subsections =
-        "<subsection id=\"s1\" heading=\"First\" colour=\"#c62828\"><text>All of it.</text>"
-        "<entry reportMetric=\"compute\" colour=\"#0000ff\"><description>Opens</description>"
-        "</entry><entry reportMetric=\"network\"/></subsection>"
-        "<subsection id=\"s2\" heading=\"Second\">"
-        "<entry reportMetric=\"rate.read\" group=\"rates\"><description>Reading</description>"
-        "</entry><spacer/><entry reportMetric=\"rate.write\" group=\"rates\"/>"
-        "<entry reportMetric=\"memory\" unitPrefix=\"iec\" maxBarValue=\"6442450944\"/>"
-        "<entry reportMetric=\"plain\" machineReadableOnly=\"true\"/></subsection>"
-        "<subsection id=\"s3\" heading=\"Third\"><entry reportMetric=\"same\">"
-        "<description>Another of this name</description></entry></subsection>"
-        "<subsection id=\"s4\" heading=\"Unseen\" requires=\"applicationDetails.hasGpu\">"
-        "<entry reportMetric=\"same\"/></subsection>";
+    page.definition = makeDefinition(metrics, summary, subsections);
+    page.values = {{"compute", 60.04}, {"network", 30}, {"storage", 9.96},        {"plain", 0},
+                   {"read", 2.5e6},    {"write", 5e6},  {"memory", 3221225472.0}, {"same", 12}};
+    return page;
+}
+
+/// The typical page with long words and names.
+Page makeLong()
+{
+    const std::string word(120, 'w');
+    Page page = makeTypical();
+    page.exeName = word;
+    page.commandLine = "mpirun " + word + " --an-option=" + word;
+    const std::pair<std::string, std::string> changes[] = {
+        {"The run of", word},
+        {"All of it.", word + " and all of it."},
+        {"displayName=\"Compute\"", "displayName=\"" + word + '"'},
+        {"Read rate", "A name of many words that goes on and on and is longer than a column"}};
+    for (const auto& [from, to] : changes)
+        page.definition.replace(page.definition.find(from), from.size(), to);
+    return page;
+}
+
+std::string escaped(const std::string& text)
+{
+    std::string result;
+    for (const char c : text)
+        result += std::strchr("<&\"", c) ? "&#" + std::to_string(c) + ';' : std::string(1, c);
+    return result;
+}
+
+/// A page that has each of the names wherever a definition may have one.
+Page makeRows(const std::vector<std::string>& names, const std::vector<double>& values)
+{
+    Page page;
+    std::string metrics;
+    std::string summary;
+    std::string entries;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string id = "m" + std::to_string(i);
+        const std::string name = escaped(names[i]);
+        page.values.push_back({id, values[i]});
+        metrics += "<reportMetric id=\"" + id + "\" units=\"%\" displayName=\"" + name + "\"/>";
+        summary += "<entry id=\"row." + id + "\" reportMetric=\"" + id + "\" chartLabel=\"" + name +
+                   "\"/>";
+        entries += "<entry reportMetric=\"" + id + "\" group=\"" + name +
+                   "\"><description>Detail " + id + " &lt;b&gt; &amp;amp;</description></entry>";
+    }
+    const std::string heading = "<subsection id=\"s\" heading=\"" + escaped(names[0]) + "\">";
+    page.definition = makeDefinition(metrics, summary, heading + entries + "</subsection>");
     return page;
 }
 
@@ -148,55 +166,10 @@ const std::vector<std::string> hostileTexts = {
 
 Page makeHostile()
 {
-    Page page;
+    Page page = makeRows(hostileTexts, std::vector<double>(hostileTexts.size(), 10));
     page.exeName = hostileTexts[0] + hostileTexts[2];
     page.notes = hostileTexts[1] + hostileTexts[7];
     page.commandLine = hostileTexts[4] + hostileTexts[8];
-    page.subsections = "<subsection id=\"s\" heading=\"" + escaped(hostileTexts[0]) + "\">";
-    for (std::size_t i = 0; i < hostileTexts.size(); ++i) {
-        const std::string id = "m" + std::to_string(i);
-        page.metrics.push_back({id, hostileTexts[i], 10.0 * double(i + 1)});
-        page.addSummaryRow(id, "chartLabel=\"" + escaped(hostileTexts[i]) + "\"");
-        page.subsections += "<entry reportMetric=\"" + id + "\" group=\"" +
-                            escaped(hostileTexts[i]) + "\"><description>Detail " +
-                            std::to_string(i) + " &lt;b&gt; &amp;amp;</description></entry>";
-    }
-    page.subsections += "</subsection>";
-    return page;
-}
-
-Page makeRows(int count)
-{
-    Page page;
-    for (int i = 0; i < count; ++i) {
-        const std::string id = "m" + std::to_string(i);
-        page.metrics.push_back({id, "Row " + std::to_string(i), 25});
-        page.addSummaryRow(id);
-    }
-    return page;
-}
-
-Page makeNonFinite()
-{
-    Page page = makeRows(4);
-    page.metrics[0].value = std::numeric_limits<double>::quiet_NaN();
-    page.metrics[1].value = std::numeric_limits<double>::infinity();
-    page.metrics[2].value = -std::numeric_limits<double>::infinity();
-    page.subsections = "<subsection id=\"s\" heading=\"Values\"><entry reportMetric=\"m0\"/>"
-                       "<entry reportMetric=\"m1\"/><entry reportMetric=\"m3\"/></subsection>";
-    return page;
-}
-
-Page makeLong()
-{
-    Page page = makeTypical();
-    const std::string word(120, 'w');
-    page.exeName = word;
-    page.commandLine = "mpirun " + word + " --an-option=" + word;
-    page.metrics[0].name = word;
-    page.metrics[4].name = "A name of many words that goes on and on and is longer than a column";
-    page.heading = word;
-    page.subsections.insert(page.subsections.find("All of it."), word);
     return page;
 }
 
@@ -209,12 +182,14 @@ int main(int argc, char** argv)
         return 2;
     }
     const std::string folder = std::string(argv[1]) + '/';
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     write(makeTypical(), folder + "typical.html");
-    write(makeHostile(), folder + "hostile.html");
-    write(makeRows(3), folder + "three_rows.html");
-    write(makeRows(2), folder + "two_rows.html");
-    write(makeNonFinite(), folder + "non_finite.html");
     write(makeLong(), folder + "long.html");
+    write(makeHostile(), folder + "hostile.html");
+    write(makeRows({"A", "B"}, {25, 25}), folder + "two_rows.html");
+    write(makeRows({"A", "B", "C", "D"}, {nan, infinity, -infinity, 25}),
+          folder + "non_finite.html");
     std::ofstream list(folder + "hostile-texts.txt", std::ios::binary);
     for (const std::string& text : hostileTexts)
         list << text << '\0';

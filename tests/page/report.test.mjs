@@ -37,7 +37,8 @@ async function open(name, options = {}) {
 }
 
 function texts(page, selector) {
-    return page.$$eval(selector, (all) => all.map((one) => one.innerText.replace(/\s+/g, ' ').trim()));
+    return page.$$eval(selector, (all) => all.map((one) =>
+        (one.innerText ?? one.textContent).replace(/\s+/g, ' ').trim()));
 }
 
 function color(page, selector, property = 'color') {
@@ -70,12 +71,9 @@ describe('a typical page', () => {
         assert.equal(await page.title(), 'typical - Vantrel');
     });
 
-    test('shows the header rows that have a value', async () => {
+    test('shows the header rows that have a value and the visible summary rows', async () => {
         assert.deepEqual(await texts(page, '#applicationDetails tr'),
             ['Executable: typical', 'Tasks: 16 processes', 'Total time: 0 seconds']);
-    });
-
-    test('shows the visible summary rows with percentage, bar and colour', async () => {
         assert.deepEqual(await texts(page, '#summary h2'), ['Compute', 'Network', 'Storage', 'No colour']);
         assert.deepEqual(await texts(page, '#summary td.percent'), ['60.0%', '30.0%', '10.0%', '0.0%']);
         const widths = await page.$$eval('#summary .bar > div', (bars) => bars.map((bar) => bar.style.width));
@@ -99,46 +97,36 @@ describe('a typical page', () => {
     });
 
     test('scales numbers, groups bars and colours entries of their own', async () => {
-        const rows = await texts(page, '.subsection:nth-of-type(2) .metric_chart_table tr:not(.spacer) td:nth-child(2)');
+        const rows = await texts(page, '.subsection:nth-of-type(2) tr:not(.spacer) td:nth-child(2)');
         assert.deepEqual(rows.filter(Boolean), ['2.50 MB/s', '5.00 MB/s', '3.00 GiB']);
-        const barWidth = (id) => page.$eval(`#subsection-metric-${id} .bar > div[class*="custom"]`,
-            (bar) => bar.style.width);
-        assert.equal(await barWidth('readrate'), '50%');
-        assert.equal(await barWidth('writerate'), '100%');
-        assert.equal(await barWidth('memory'), '50%');
+        for (const [id, expected] of [['readrate', '50%'], ['writerate', '100%'], ['memory', '50%']]) {
+            const bar = `#subsection-metric-${id} .bar > div[class*="custom"]`;
+            assert.equal(await page.$eval(bar, (one) => one.style.width), expected);
+        }
         assert.equal(await color(page, '#subsection-metric-compute .right_cell span'), 'rgb(0, 0, 255)');
         assert.equal(await color(page, '#subsection-first h2'), 'rgb(195, 40, 40)');
     });
 
     test('draws the radar chart', async () => {
-        const chart = await page.$eval('#time_radar', (box) => ({
-            svgs: box.querySelectorAll('svg').length,
-            labels: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => one.textContent.trim()),
-            fills: Array.from(box.querySelectorAll('[class^="legend_axis"]'), (one) => getComputedStyle(one).fill),
-            stroke: getComputedStyle(box.querySelector('polygon')).stroke,
-            opacity: getComputedStyle(box.querySelector('polygon')).fillOpacity,
-        }));
-        assert.equal(chart.svgs, 1);
-        assert.deepEqual(chart.labels, ['Compute', 'Net', 'Storage', 'No colour']);
-        assert.equal(chart.fills[0], 'rgb(45, 123, 49)');
-        assert.equal(chart.stroke, 'rgb(45, 123, 49)');
-        assert.equal(chart.opacity, '0.64');
+        const labels = await texts(page, '#time_radar [class^="legend_axis"]');
+        assert.deepEqual(labels, ['Compute', 'Net', 'Storage', 'No colour']);
+        assert.equal(await color(page, '#time_radar .legend_axis0', 'fill'), 'rgb(45, 123, 49)');
+        assert.equal(await color(page, '#time_radar polygon', 'stroke'), 'rgb(45, 123, 49)');
+        assert.equal(await color(page, '#time_radar polygon', 'fillOpacity'), '0.64');
     });
 
     test('opens and closes details, each its own', async () => {
         const links = page.locator('a.toggle');
         assert.equal(await links.count(), 3);
-        const shown = () => page.$$eval('.metricDetail', (all) => all.map((one) => one.classList.contains('show')));
+        const shown = () => page.$$eval('.metricDetail', (all) => all.map((one) => one.matches('.show')));
         const closed = await shown();
         assert.ok(!closed.includes(true));
         // The second and the third are both called "Read rate".
         for (let i = 0; i < 3; i += 1) {
             await links.nth(i).click();
-            const open = await shown();
-            assert.equal(open.filter(Boolean).length, 1);
-            const row = await links.nth(i).evaluate((link) =>
-                link.closest('tr').nextElementSibling.querySelector('.metricDetail').classList.contains('show'));
-            assert.ok(row, `link ${i}`);
+            assert.equal((await shown()).filter(Boolean).length, 1);
+            assert.ok(await links.nth(i).evaluate((link) =>
+                link.closest('tr').nextElementSibling.querySelector('.metricDetail.show') !== null), `link ${i}`);
             assert.equal(await links.nth(i).getAttribute('aria-expanded'), 'true');
             await page.keyboard.press('Enter');
             assert.deepEqual(await shown(), closed);
@@ -156,66 +144,59 @@ test('hostile texts show as typed and nothing runs', async () => {
     assert.deepEqual(await asShown('#summary h2'), hostile);
     assert.deepEqual(await asShown('.metric_chart_table a.toggle'), hostile);
     assert.deepEqual(await asShown('.subsection > h2'), [hostile[0]]);
-    assert.equal(await page.$eval('#summary .heading b', (one) => one.textContent), hostile[0] + hostile[2]);
-    const details = await page.$$eval('#applicationDetails td:nth-child(2)', (all) => all.map((one) => one.textContent.trim()));
+    assert.deepEqual(await asShown('#summary .heading b'), [hostile[0] + hostile[2]]);
+    const details = await asShown('#applicationDetails td:nth-child(2)');
     assert.ok(details.includes(hostile[4] + hostile[8]) && details.includes(hostile[1] + hostile[7]), String(details));
     const links = page.locator('a.toggle');
     for (let i = 0; i < hostile.length; i += 1) {
         await links.nth(i).click();
     }
-    assert.equal(await page.$$eval('.metricDetail.show', (all) => all.length), hostile.length);
-    assert.equal(await page.$eval('.metricDetail.show .inlinedDescription', (one) => one.textContent.trim()),
-        'Detail 0 <b> &amp;');
+    assert.deepEqual(await asShown('.metricDetail.show .inlinedDescription'),
+        hostile.map((text, i) => `Detail m${i} <b> &amp;`));
     assert.equal(await page.evaluate(() => window.hacked), undefined);
     assert.deepEqual(page.problems, []);
     assert.equal(await page.$$eval('svg[onload], img[onerror*="hacked"]', (all) => all.length), 0);
 });
 
-test('three rows draw a triangle, two show the error page', async () => {
-    const three = await open('three_rows.html');
-    const points = await three.$eval('#time_radar polygon[class^="radar-chart-serie"]', (one) => one.points.length);
-    assert.equal(points, 3);
-    const two = await open('two_rows.html');
-    assert.equal(await two.$$eval('#content, #time_radar', (all) => all.length), 0);
-    assert.match(await two.$eval('body', (body) => body.innerText), /axisColors/);
+test('two rows show the error page', async () => {
+    const page = await open('two_rows.html');
+    assert.equal(await page.$$eval('#content, #time_radar', (all) => all.length), 0);
+    assert.match(await page.$eval('body', (body) => body.innerText), /axisColors/);
 });
 
-test('values that are no numbers show as not supported and count as 0 in the chart', async () => {
+test('values that are no numbers show as not supported', async () => {
     const page = await open('non_finite.html');
     assert.deepEqual(page.problems, []);
     assert.deepEqual(await texts(page, '#summary td.percent'), ['25.0%']);
-    assert.deepEqual(await texts(page, '.metric_chart_table tr > td:nth-child(2)'), ['not supported %', 'not supported %', '25.0%']);
-    const points = await page.$eval('#time_radar polygon[class^="radar-chart-serie"]', (one) => one.getAttribute('points'));
-    assert.doesNotMatch(points, /NaN|Infinity/);
+    assert.deepEqual(await texts(page, '.metric_chart_table tr > td:nth-child(2)'),
+        ['not supported %', 'not supported %', 'not supported %', '25.0%']);
 });
 
-describe('the form of the page', () => {
-    for (const name of ['typical.html', 'long.html', 'hostile.html']) {
-        for (const width of [1200, 800, 380]) {
-            test(`${name} fits a window of ${width} pixels`, async () => {
-                const page = await open(name, { viewport: { width, height: 800 } });
-                const overflow = await page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
-                assert.ok(overflow <= 0, `${overflow} pixels stick out`);
-            });
-        }
-    }
-
-    for (const name of ['typical.html', 'default.html', 'hostile.html', 'two_rows.html']) {
-        test(`axe-core finds nothing serious in ${name}`, async () => {
-            const page = await open(name);
-            await page.addScriptTag({ path: axeSource });
-            const serious = await page.evaluate(async () => (await window.axe.run()).violations
-                .filter((one) => one.impact === 'serious' || one.impact === 'critical')
-                .map((one) => `${one.id}: ${one.nodes.map((node) => node.target).join(' ')}`));
-            assert.deepEqual(serious, []);
+for (const name of ['typical.html', 'long.html', 'hostile.html']) {
+    for (const width of [1200, 800, 380]) {
+        test(`${name} fits a window of ${width} pixels`, async () => {
+            const page = await open(name, { viewport: { width, height: 800 } });
+            const overflow = await page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
+            assert.ok(overflow <= 0, `${overflow} pixels stick out`);
         });
     }
+}
 
-    test('print shows all details', async () => {
-        const page = await open('typical.html');
-        await page.emulateMedia({ media: 'print' });
-        const heights = await page.$$eval('.metricDetail > div', (all) =>
-            all.filter((one) => one.textContent.trim()).map((one) => one.getBoundingClientRect().height));
-        assert.ok(heights.length >= 3 && heights.every((height) => height > 10), String(heights));
+for (const name of ['typical.html', 'default.html', 'hostile.html', 'two_rows.html']) {
+    test(`axe-core finds nothing serious in ${name}`, async () => {
+        const page = await open(name);
+        await page.addScriptTag({ path: axeSource });
+        const serious = await page.evaluate(async () => (await window.axe.run()).violations
+            .filter((one) => one.impact === 'serious' || one.impact === 'critical')
+            .map((one) => `${one.id}: ${one.nodes.map((node) => node.target).join(' ')}`));
+        assert.deepEqual(serious, []);
     });
+}
+
+test('print shows all details', async () => {
+    const page = await open('typical.html');
+    await page.emulateMedia({ media: 'print' });
+    const heights = await page.$$eval('.metricDetail > div', (all) =>
+        all.filter((one) => one.textContent.trim()).map((one) => one.getBoundingClientRect().height));
+    assert.ok(heights.length >= 3 && heights.every((height) => height > 10), String(heights));
 });

@@ -6,16 +6,15 @@
 #include "render/resources.h"
 
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QScopedPointer>
 
 #include "qt_printing.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <limits>
 
 namespace vantrel {
@@ -34,16 +33,11 @@ class ReportForms : public testing::Test {
 protected:
     ReportForms() : report(readFile(golden + "sample.xml").constData())
     {
+        const double infinity = std::numeric_limits<double>::infinity();
         const std::pair<const char*, double> values[] = {
-            {"cpu.share", 51.25},
-            {"net.share", 0.04},
-            {"disk.share", 8},
-            {"idle", 99.96},
-            {"rate", 1.5e6},
-            {"memory", 3.5 * 1024 * 1024},
-            {"count", 1234},
-            {"raw", -0.5},
-            {"broken", std::numeric_limits<double>::infinity()}};
+            {"cpu.share", 51.25}, {"net.share", 0.04}, {"disk.share", 8},
+            {"idle", 99.96},      {"rate", 1.5e6},     {"memory", 3.5 * 1024 * 1024},
+            {"count", 1234},      {"raw", -0.5},       {"broken", infinity}};
         for (const auto& [id, value] : values)
             EXPECT_EQ(report.setValueFromCaller(id, value), VANTREL_OK) << report.errorMessage();
         report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_NAME, "sample & co");
@@ -62,46 +56,29 @@ protected:
         return bytes;
     }
 
-    void compare(ReportOutputKind kind, const char* name)
+    void compare(const QByteArray& bytes, const char* name)
     {
-        const QByteArray bytes = generate(kind);
-        const QString path = golden + QLatin1String(name);
+        QFile file(golden + QLatin1String(name));
         if (qEnvironmentVariableIsSet("VANTREL_ACCEPT_GOLDENS")) {
-            QFile file(path);
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
             file.write(bytes);
+            file.close();
         }
-        EXPECT_EQ(bytes, readFile(path));
+        EXPECT_EQ(bytes, readFile(file.fileName()));
     }
 
     CustomReport report;
 };
 
-TEST_F(ReportForms, TextIsAsAccepted)
+TEST_F(ReportForms, TextCsvAndJsonAreAsAccepted)
 {
-    compare(ReportOutputKind::Text, "sample.txt");
-}
-
-TEST_F(ReportForms, CsvIsAsAccepted)
-{
-    compare(ReportOutputKind::Csv, "sample.csv");
-}
-
-TEST_F(ReportForms, JsonIsAsAccepted)
-{
+    compare(generate(ReportOutputKind::Text), "sample.txt");
+    compare(generate(ReportOutputKind::Csv), "sample.csv");
     // The images of the logos would fill the file, and the header's rows are a resource.
     QJsonObject document = QJsonDocument::fromJson(generate(ReportOutputKind::Json)).object();
-    EXPECT_EQ(document.keys(), QStringList({"brandingData", "colorData", "data", "headerData",
-                                            "metricData", "subsections", "summaryData"}));
-    document.remove("brandingData");
-    document.remove("headerData");
-    const QJsonObject expected = QJsonDocument::fromJson(readFile(golden + "sample.json")).object();
-    if (qEnvironmentVariableIsSet("VANTREL_ACCEPT_GOLDENS")) {
-        QFile file(golden + "sample.json");
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QJsonDocument(document).toJson());
-    }
-    EXPECT_EQ(document, expected) << QJsonDocument(document).toJson().constData();
+    EXPECT_FALSE(document.take("brandingData").toObject().isEmpty());
+    EXPECT_FALSE(document.take("headerData").toArray().isEmpty());
+    compare(QJsonDocument(document).toJson(), "sample.json");
 }
 
 TEST_F(ReportForms, PageIsTheEnginesPageWithItsResourcesInline)

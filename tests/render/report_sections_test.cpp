@@ -14,39 +14,17 @@ using namespace report;
 
 namespace {
 
-ReportMetric makeMetric(const QString& id)
-{
-    ReportMetric metric;
-    metric.id = id;
-    metric.displayName = id.toUpper();
-    return metric;
-}
-
-SubsectionEntry makeEntry(const QString& description)
-{
-    SubsectionEntry entry;
-    entry.reportMetric = "a";
-    entry.description = description;
-    return entry;
-}
-
-Subsection makeSubsection(const QString& id, const QList<SubsectionEntry>& entries)
-{
-    Subsection subsection;
-    subsection.id = id;
-    subsection.heading = "Heading";
-    subsection.entries = entries;
-    return subsection;
-}
-
 ReportDefinition makeDefinition()
 {
+    ReportMetric metric;
+    metric.id = "a";
+    metric.colour = Qt::white;
     ReportDefinition definition;
-    definition.setMetrics({makeMetric("a"), makeMetric("b")});
+    definition.setMetrics({metric});
     return definition;
 }
 
-TEST(SummaryData, HasBoundsAndASubstituteForUnknownMetrics)
+TEST(SummaryData, HasASubstituteForUnknownMetrics)
 {
     SummaryEntry entry;
     entry.reportMetric = "nosuch";
@@ -55,65 +33,39 @@ TEST(SummaryData, HasBoundsAndASubstituteForUnknownMetrics)
     QString error = "earlier";
     const QJsonObject data = makeSummaryData(definition, &error);
     EXPECT_EQ(error, "");
-    EXPECT_EQ(data.value("bounds").toArray().size(), 2);
     const QJsonObject row = data.value("rows").toArray().first().toObject();
     EXPECT_EQ(row.value("heading").toString(), "Unknown Metric ID: nosuch");
     EXPECT_EQ(row.value("metricId").toString(), "custom.report.metric.Unknown Metric ID: nosuch");
     EXPECT_EQ(findReportMetric(definition, "nosuch").units, "%");
 }
 
-TEST(SubsectionsData, LeavesOutWhatIsNotGiven)
+TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
 {
-    SubsectionEntry infinite = makeEntry("");
+    SubsectionEntry infinite;
+    infinite.reportMetric = "a";
     infinite.maxBarValue = std::numeric_limits<double>::infinity();
-    ReportDefinition definition = makeDefinition();
-    Subsection subsection = makeSubsection("s", {infinite});
-    subsection.maxAdviceStrings = 0;
-    definition.setSubsections({subsection, makeSubsection("empty", {})});
-    QString error;
-    const QJsonArray sections = makeSubsectionsData(definition, &error);
-    ASSERT_EQ(sections.size(), 1);
-    const QJsonObject section = sections.first().toObject();
-    EXPECT_EQ(section.keys(), QStringList({"adviceHtmlTemplate", "colorName",
-                                           "descriptionHtmlTemplate", "heading", "metrics"}));
-    EXPECT_TRUE(section.value("adviceHtmlTemplate").toArray().isEmpty());
-    EXPECT_EQ(section.value("metrics").toArray().first().toObject().keys(),
-              QStringList({"colorName", "metricId", "template"}));
-    EXPECT_TRUE(makeColorData(definition, &error).contains("custom.report.subsection.empty"));
-}
-
-TEST(ColorData, GivesHueSaturationAndLightness)
-{
-    const std::pair<QColor, QJsonArray> rows[] = {
-        {QColor(), {-1, 0, 0}},
-        {QColor(Qt::white), {-1, 0, 100}},
-        {QColor::fromHsl(359, 255, 127), {359, 100, 49}},
-        {QColor(255, 0, 0), {0, 100, 50}},
-    };
-    for (const auto& [color, expected] : rows) {
-        ReportMetric metric = makeMetric("a");
-        metric.colour = color;
-        ReportDefinition definition;
-        definition.setMetrics({metric});
-        QString error;
-        EXPECT_EQ(makeColorData(definition, &error).value("custom.report.metric.a").toArray(),
-                  expected);
-    }
-}
-
-TEST(ColorData, CountsSpacersInTheNamesOfEntryColours)
-{
     SubsectionEntry spacer;
     spacer.isSpacer = true;
-    SubsectionEntry coloured = makeEntry("");
+    SubsectionEntry coloured;
+    coloured.reportMetric = "a";
     coloured.colour = Qt::blue;
+    Subsection subsection;
+    subsection.id = "s";
+    subsection.maxAdviceStrings = 0;
+    subsection.entries = {infinite, spacer, coloured};
     ReportDefinition definition = makeDefinition();
-    definition.setSubsections({makeSubsection("s", {makeEntry(""), spacer, coloured})});
+    definition.setSubsections({subsection});
+
+    QString error;
+    const QJsonObject section = makeSubsectionsData(definition, &error).first().toObject();
+    EXPECT_EQ(section.value("adviceHtmlTemplate"), QJsonArray());
+    const QJsonArray rows = section.value("metrics").toArray();
+    EXPECT_EQ(rows.at(0).toObject().keys(), QStringList({"colorName", "metricId", "template"}));
     const QString name = "custom.report.subsection.s-2-custom.report.metric.a";
-    EXPECT_TRUE(makeColorData(definition, nullptr).contains(name));
-    const QJsonArray rows =
-        makeSubsectionsData(definition, nullptr).first().toObject().value("metrics").toArray();
     EXPECT_EQ(rows.at(2).toObject().value("colorName").toString(), name);
+    const QJsonObject colors = makeColorData(definition, &error);
+    EXPECT_EQ(colors.value(name), QJsonArray({240, 100, 50}));
+    EXPECT_EQ(colors.value("custom.report.metric.a"), QJsonArray({-1, 0, 100}));
 }
 
 TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
