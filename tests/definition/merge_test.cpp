@@ -83,7 +83,8 @@ TEST(Merge, changesWhatAPartialDocumentSays)
          metricA, "a|B|m|#0000ff|Integer|0|y|metric|n|4|3"},
         {metrics.arg("<reportMetric id='a' units='m'/><reportMetric id='a' displayName='B'/>"),
          metricA, "a|B|m|#ff0000|Integer|0|x|metric|m|1|2"},
-        {metrics.arg("<reportMetric id='t' units='m'/>"), metricT, "t|T|m|none|String|0||||0|0"},
+        {metrics.arg("<reportMetric id='t' units='m' source='internal'/>"), metricT,
+         "t|T|m|none|String|0||internal||0|0"},
         {metrics.arg("<reportMetric id='b' displayName='B'/>") +
              "<summary><entry id='f' reportMetric='b'/><footer>G</footer><heading>I</heading>"
              "</summary>",
@@ -116,6 +117,10 @@ TEST(Merge, changesWhatAPartialDocumentSays)
         ASSERT_TRUE(before.contains(row.before));
         EXPECT_EQ(describe(*definition), QString(before).replace(row.before, row.after));
         EXPECT_EQ(definition->partialReports().keys(), QStringList("part"));
+        int advices = 0;
+        for (const Subsection& subsection : definition->subsections())
+            advices += subsection.maxAdviceStrings;
+        EXPECT_EQ(definition->maxAdviceStrings(), advices);
     }
 }
 
@@ -173,12 +178,17 @@ TEST(Merge, checksABreakdownOnceItsSubsectionsAreRead)
 {
     const auto definition = fullDefinition();
     const QString pending =
-        metrics.arg("<reportMetric id='b' displayName='B' breakdownSubsection='z'/>");
+        metrics.arg("<reportMetric id='b' displayName='B' breakdownSubsection='w'/>");
     EXPECT_EQ(merge(*definition, pending), QString()) << "no subsections, no check";
-    EXPECT_TRUE(merge(*definition, "<subsections/>").contains("No subsection has id=\"z\""));
-    EXPECT_EQ(merge(*definition, sections.arg("<subsection id='z' heading='Z'/>")), QString());
+    EXPECT_TRUE(merge(*definition, "<subsections/>").contains("No subsection has id=\"w\""));
+    EXPECT_EQ(merge(*definition, sections.arg("<subsection id='w' heading='W'/>")), QString());
+    // Both are missing now; the first metric's is told.
     EXPECT_TRUE(
         merge(*definition, "<subsections overwrite='1'/>").contains("No subsection has id=\"x\""));
+    const QString moved = metrics.arg("<reportMetric id='a' breakdownSubsection='w'/>");
+    EXPECT_EQ(merge(*definition, moved + sections.arg("<subsection id='w' heading='W'/>")),
+              QString())
+        << "nothing needs the old one";
 }
 
 TEST(Merge, refusesADocumentOfAnotherKindOrShape)

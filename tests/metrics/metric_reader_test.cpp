@@ -22,7 +22,9 @@ constexpr MetricType Precise = MetricType::DoubleWithPrecision;
 
 QJsonObject object(const QByteArray& text)
 {
-    return QJsonDocument::fromJson(text).object();
+    const QJsonDocument document = QJsonDocument::fromJson(text);
+    EXPECT_TRUE(document.isObject()) << text.toStdString();
+    return document.object();
 }
 
 } // namespace
@@ -161,25 +163,23 @@ TEST(MetricReader, comparesVersionsAndWalksPaths)
 
 TEST(MetricReader, refusesMalformedText)
 {
-    const QString malformed[] = {
-        "",
-        "x",
-        "null",
-        "{",
-        "{} {}",
-        "{\"a\":1,}",
-        "{\"a\":01}",
-        "{\"a\":1e999}",
-        "/**/{}",
-        QString("[").repeated(100000),
-        QString("{\"a\":").repeated(100000),
-    };
+    QStringList malformed =
+        QString(R"~(|x|nul|1|""|null|true|NaN|{|}|[|[1|["a|[}|{]|{"a":[}|{"a":1}}|[]]|{} {}|{},|)~"
+                R"~({}x|[1,]|[,1]|[1 2]|{"a":1,}|{,"a":1}|{"a":1 "b":2}|{"a"}|{"a":}|{"a" 1}|)~"
+                R"~({a:1}|{'a':1}|{1:1}|{null:1}|{[]:1}|{"a":01}|{"a":-}|{"a":-01}|{"a":+1}|)~"
+                R"~({"a":1e}|{"a":1e+}|{"a":0x1}|{"a":1e999}|{"a":-1e999}|{"a":Infinity}|)~"
+                R"~({"a":1 2}|{"a":True}|{"a":nulll}|{"a":"\u12"}|{"a":"\u12G4"}|{"a":"b}|)~"
+                R"~({"a":"\"}|{"a":'b'}|/**/{}|{/**/}|//{})~")
+            .split('|');
+    malformed += {QString("[").repeated(100000), QString("{\"a\":").repeated(100000)};
     // Numbers that begin or end with a point, control characters and unknown escapes are let
     // through.
     const char* const wellFormed[] = {
         " \t\r\n{ } \n",
         "\xEF\xBB\xBF{}",
         R"({"":{"":[]},"a":1,"a":2})",
+        R"({"a":-0.0e-9,"b":1E+30,"c":123456789012345678901,"d":[[],{},null,true,false]})",
+        R"({"a":"\u0000\ud800\"\/\b\\"})",
         "{\"a\":1.,\"b\":.5,\"c\":\"\t\\x\"}",
     };
     MetricStore store;
