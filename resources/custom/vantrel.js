@@ -141,7 +141,7 @@ var vantrel = (function () {
 
     vantrel.csvEscape = function (value) {
         var text = corvane.toText(value).replace(/"/g, '""');
-        return (/[, \n"]/).test(text) ? '"' + text + '"' : text;
+        return (/[, \r\n"]/).test(text) ? '"' + text + '"' : text;
     };
 
     // The inside of a script string in an attribute, which no character of the text can end.

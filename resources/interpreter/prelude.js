@@ -29,6 +29,36 @@
         };
     }
 
+    // The interpreter's toPrecision gives wrong digits; its toExponential doesn't.
+    function plainDigits(digits, exponent) {
+        if (exponent < 0) {
+            return '0.' + new Array(-exponent).join('0') + digits;
+        }
+        var whole = digits.slice(0, exponent + 1);
+        return whole.length < digits.length ? whole + '.' + digits.slice(exponent + 1) : whole;
+    }
+
+    function toPrecision(precision) {
+        var number = Number(this);
+        if (precision === undefined || !isFinite(number)) {
+            return String(number);
+        }
+        var count = Math.floor(precision);
+        var text = number.toExponential(count - 1);
+        var parts = (/^(-?)([\d.]+)e([+\-]\d+)$/).exec(text);
+        var exponent = Number(parts[3]);
+        return exponent < -6 || exponent >= count ? text : parts[1] + plainDigits(parts[2].replace('.', ''), exponent);
+    }
+
+    // It gives zeros for great negative numbers, which have no such form at all.
+    function wrapToFixed(toFixed) {
+        return function (decimals) {
+            return Math.abs(this) >= 1e21 ? String(Number(this)) : toFixed.call(this, decimals);
+        };
+    }
+
+    Number.prototype.toPrecision = toPrecision;
+    Number.prototype.toFixed = wrapToFixed(Number.prototype.toFixed);
     global.Error = Failure;
 
     return {

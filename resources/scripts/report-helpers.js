@@ -64,10 +64,7 @@ var reportHelpers = (function () {
         if (!isFinite(digits)) {
             return toNumber(value).toPrecision();
         }
-        digits = Math.floor(Math.max(1, Math.min(21, digits)));
-        var text = toNumber(value).toPrecision(digits);
-        // The interpreter begins to write exponents one decimal place too early.
-        return (/e-6$/).test(text) ? Number(text).toFixed(Math.min(20, digits + 5)) : text;
+        return toNumber(value).toPrecision(Math.floor(Math.max(1, Math.min(21, digits))));
     }
 
     function find(list, keyPath, value, resultPath) {
