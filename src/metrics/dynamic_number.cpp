@@ -15,7 +15,7 @@ namespace vantrel {
 
 namespace {
 
-/// No double has more digits behind the point.
+/// No double has more digits behind the point that aren't 0, and Qt's formatting aborts far above.
 constexpr int mostDecimals = 1074;
 
 /// Makes a transfer of so many bytes; one that a signal interrupts is made again.
@@ -41,8 +41,10 @@ int readAll(int fd, void* bytes, std::size_t size)
 
 QString englishText(double number, char format, int precision)
 {
-    return QLocale(QLocale::English, QLocale::AnyCountry)
-        .toString(number, format, qMin(precision, mostDecimals));
+    const QString text = QLocale(QLocale::English, QLocale::AnyCountry)
+                             .toString(number, format, qMin(precision, mostDecimals));
+    const bool isCut = format == 'f' && precision > mostDecimals && std::isfinite(number);
+    return isCut ? text + QString(precision - mostDecimals, u'0') : text;
 }
 
 } // namespace

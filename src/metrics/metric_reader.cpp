@@ -152,14 +152,9 @@ bool readValue(const QJsonObject& data, const MetricDefinition& metric, QVariant
     return true;
 }
 
-/// The object that has the values of a file, with the file's version if it has none of its own.
-QJsonObject valuesOf(const QJsonObject& top)
+int versionOf(const QJsonObject& object)
 {
-    const QString version = QStringLiteral("version");
-    QJsonObject values = top.value(QLatin1String("data")).toObject(top);
-    if (!values.contains(version) && top.contains(version))
-        values.insert(version, top.value(version));
-    return values;
+    return metricDataVersion(truncatedNumber(object.value(QLatin1String("version"))));
 }
 
 bool declareDefaultMetrics(MetricStore* store, QString* error)
@@ -203,7 +198,11 @@ bool MetricStore::readJson(const QString& text, QString* error)
                                 : !declareDefaultMetrics(this, error))
             return false;
     }
-    return readValues(valuesOf(top), error) && findMissingValues(nullptr);
+    const QJsonValue nested = top.value(QLatin1String("data"));
+    const QJsonObject data = nested.isObject() ? nested.toObject() : top;
+    // The version stands among the values or beside them.
+    const int version = versionOf(data.contains(QLatin1String("version")) ? data : top);
+    return readValues(data, version, error) && findMissingValues(nullptr);
 }
 
 bool MetricStore::readDefinitions(const QJsonObject& entries, QString* error)
@@ -223,11 +222,15 @@ bool MetricStore::readDefinitions(const QJsonObject& entries, QString* error)
 
 bool MetricStore::readValues(const QJsonObject& data, QString* error)
 {
+    return readValues(data, versionOf(data), error);
+}
+
+bool MetricStore::readValues(const QJsonObject& data, int version, QString* error)
+{
     QString unwanted;
     if (!error)
         error = &unwanted;
     clearValues();
-    const int version = metricDataVersion(truncatedNumber(data.value(QLatin1String("version"))));
     for (const MetricDefinition& metric : qAsConst(definitions)) {
         QVariant value = absentValueFor(metric.type);
         const bool isNewerThanData = version < metric.version;

@@ -84,6 +84,9 @@ public:
     /// @}
 
 private:
+    /// @p version is the metric data version of the data.
+    bool readValues(const QJsonObject& data, int version, QString* error);
+
     QMap<QString, MetricDefinition> definitions;
     QMap<QString, QVariant> values;
 };

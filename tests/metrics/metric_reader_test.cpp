@@ -151,6 +151,14 @@ TEST(MetricReader, comparesVersionsAndWalksPaths)
             EXPECT_TRUE(std::isnan(store.value("a.b").toDouble()));
         }
     }
+    // What stands beside the data is no value of it.
+    for (const char* path : {"m", "version"}) {
+        MetricStore store;
+        store.addDefinition(declare(path, Integer));
+        QString error;
+        EXPECT_FALSE(store.readJson(R"({"data":{},"m":2,"version":3})", &error)) << path;
+        EXPECT_EQ(error, QString("Unable to access value %1").arg(path));
+    }
     MetricStore store;
     store.addDefinitions({declare("a", Integer), declare("b", Integer), declare("c", Integer)});
     QString error;
