@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QXmlStreamReader>
 
+#include <cstring>
+
 namespace vantrel {
 
 namespace {
@@ -34,20 +36,51 @@ bool isAllowed(const QString& name)
            name == QLatin1String("html");
 }
 
+/// Behind a comment or the like that begins at @p at; -1 if none does.
+int endOfNonTag(const QString& text, int at)
+{
+    static constexpr const char* marks[][2] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+    for (const auto& [opening, closing] : marks) {
+        if (text.midRef(at).startsWith(QLatin1String(opening))) {
+            const int end = text.indexOf(QLatin1String(closing), at + int(std::strlen(opening)));
+            return end < 0 ? text.size() : end + int(std::strlen(closing));
+        }
+    }
+    return -1;
+}
+
+/// How many values in quotes the tag that begins at @p at has. They hold no "<", and a ">" outside
+/// of them ends the tag.
+int countValues(const QString& text, int at)
+{
+    int values = 0;
+    QChar quote;
+    for (int i = at + 1; i < text.size() && text.at(i) != u'<'; ++i) {
+        const QChar c = text.at(i);
+        if (c == quote) {
+            quote = QChar();
+        } else if (quote.isNull()) {
+            if (c == u'>')
+                break;
+            if (c == u'"' || c == u'\'') {
+                quote = c;
+                ++values;
+            }
+        }
+    }
+    return values;
+}
+
 /// The XML reader compares each attribute of a tag with all others of it, so there must be an end
-/// to them. A tag ends before the next "<", and an attribute has "=" and a quote.
+/// to them.
 bool hasTooManyAttributes(const QString& text)
 {
     constexpr int mostAttributes = 1000;
-    int attributes = 0;
-    QChar last;
-    for (const QChar c : text) {
-        if (c == u'<')
-            attributes = 0;
-        else if ((c == u'"' || c == u'\'') && last == u'=' && ++attributes > mostAttributes)
+    for (int at = text.indexOf(u'<'); at >= 0;) {
+        const int end = endOfNonTag(text, at);
+        if (end < 0 && countValues(text, at) > mostAttributes)
             return true;
-        if (!c.isSpace())
-            last = c;
+        at = text.indexOf(u'<', end < 0 ? at + 1 : end);
     }
     return false;
 }
