@@ -82,8 +82,7 @@ bool readMetricContent(ReportMetric* metric, XmlSource& xml)
 bool checkCollision(const ReportDefinition& definition, XmlSource& xml, const QString& id)
 {
     QString problem;
-    const QString existing =
-        definition.findMetricIdCollision(id, xml.wantsMessages() ? &problem : nullptr);
+    const QString existing = definition.findMetricIdCollision(id, &problem);
     if (!problem.isEmpty())
         return xml.fail(problem);
     if (existing.isEmpty())

@@ -27,7 +27,6 @@ public:
     bool hasAttribute(const char* attribute) const;
     /// The attribute's text; empty if it is absent.
     QString attribute(const char* name) const { return attributeText(name).toString(); }
-    bool wantsMessages() const { return error != nullptr; }
     QUrl url() const { return location; }
 
     /// @name Messages, framed by the place in the document

@@ -66,7 +66,7 @@ const Row rows[] = {
     {metric("/><reportMetric id='c.d.e' displayName='C'/><reportMetric id='c.d' "
             "displayName='D'/>@"),
      collision.arg("c.d", "c.d.e")},
-    {document("<reportMetric id='a..b' displayName='B'/>@"), "a..b contains empty parts."},
+    {document("<reportMetric id='b..c' displayName='B'/>@"), "b..c contains empty parts."},
     {metric("><x/></reportMetric>").replace("</reportMetrics>", "</reportMetrics>@"),
      expected.arg("summary", "reportMetrics")},
     {metric("breakdownSubsection='s'/>").replace("</subsections>", "</subsections>@"),

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 #include <memory>
 
 /// Definition documents for tests.
@@ -45,12 +47,16 @@ struct Loaded {
     QString error = QStringLiteral("stale");
 };
 
-/// Loads the text without the "@" that marks a place in it.
+/// Loads the text without the "@" that marks a place in it. The verdict is the same for callers who
+/// want no message.
 inline Loaded load(QString text, const QUrl& url = {}, const ReportIdScheme& scheme = {})
 {
     Loaded loaded;
     const QByteArray xml = text.remove(u'@').toUtf8();
     loaded.definition.reset(ReportDefinition::load(xml, url, QString(), &loaded.error, 0, scheme));
+    const std::unique_ptr<ReportDefinition> unexplained(
+        ReportDefinition::load(xml, url, QString(), nullptr, 0, scheme));
+    EXPECT_EQ(bool(unexplained), bool(loaded.definition));
     return loaded;
 }
 
