@@ -165,8 +165,9 @@ QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& 
                                         QString* error)
 {
     const bool isKnown =
-        std::any_of(sources.begin(), sources.end(),
-                    [&templateName](const Source& source) { return source.name == templateName; });
+        std::any_of(sources.begin(), sources.end(), [&templateName](const Source& source) {
+            return !source.isScript() && source.name == templateName;
+        });
     if (!isKnown) {
         *error = QObject::tr("Invalid template \"%1\" for html").arg(templateName);
         return QString();

@@ -98,8 +98,11 @@ TEST_F(Engine, PageHoldsEverythingInOrder)
         ASSERT_GE(at, 0) << piece;
     }
     EXPECT_TRUE(page.endsWith("</html>"));
-    EXPECT_EQ(engine.renderDynamicHtml({}, "nosuch", &error), "");
-    EXPECT_FALSE(error.isEmpty());
+    for (const char* unknown : {"nosuch", ""}) {
+        error.clear();
+        EXPECT_EQ(engine.renderDynamicHtml({}, unknown, &error), "");
+        EXPECT_FALSE(error.isEmpty());
+    }
 }
 
 TEST(PageJson, HoldsNothingThatAPageCouldTakeForMarkup)
