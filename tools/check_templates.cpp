@@ -14,8 +14,8 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QTextStream err(stderr);
     QString message;
-    corvane::ScriptInterpreter interpreter;
-    if (!interpreter.start(&message)) {
+    const auto interpreter = corvane::ScriptInterpreter::start(&message);
+    if (!interpreter) {
         err << message << '\n';
         return 1;
     }
@@ -29,7 +29,7 @@ int main(int argc, char** argv)
             name.endsWith(QLatin1String(".html")) ? QStringLiteral("html") : QStringLiteral("text");
         message = QString();
         file.open(QIODevice::ReadOnly);
-        if (!interpreter.registerPartial(QFileInfo(name).baseName(), format,
+        if (!interpreter->registerPartial(QFileInfo(name).baseName(), format,
                                          QString::fromUtf8(file.readAll()), &message)) {
             err << name << ": " << message << '\n';
             ++failures;
@@ -37,7 +37,7 @@ int main(int argc, char** argv)
     }
     QFile script(vantrel::resourcePath(QStringLiteral("vantrel.js")));
     script.open(QIODevice::ReadOnly);
-    if (!interpreter.run(QString::fromUtf8(script.readAll()), &message)) {
+    if (!interpreter->run(QString::fromUtf8(script.readAll()), &message)) {
         err << "vantrel.js: " << message << '\n';
         ++failures;
     }

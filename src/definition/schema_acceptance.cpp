@@ -2,12 +2,14 @@
 
 #include "definition/schema_file.h"
 
+#include <QObject>
 #include <QXmlStreamReader>
 
 #include <libxml/parser.h>
 #include <libxml/xmlschemas.h>
 
 #include <memory>
+#include <new>
 
 namespace vantrel::report {
 
@@ -27,8 +29,47 @@ using Document = std::unique_ptr<xmlDoc, CallOf<&xmlFreeDoc>>;
 using SchemaParser = std::unique_ptr<xmlSchemaParserCtxt, CallOf<&xmlSchemaFreeParserCtxt>>;
 using Validator = std::unique_ptr<xmlSchemaValidCtxt, CallOf<&xmlSchemaFreeValidCtxt>>;
 
-/// Without a handler of a context, messages go to the one that the host may have set.
-void ignoreMessage(void*, xmlErrorPtr) {}
+/// Where messages go. Without a handler of a context they go to the one that the host may have set.
+struct Messages {
+    bool isMemoryOut = false;
+    const QUrl* place = nullptr; ///< of the document; null if the words aren't wanted
+    QString text;
+};
+
+void takeMessage(void* data, xmlErrorPtr message)
+{
+    auto* const messages = static_cast<Messages*>(data);
+    if (message->code == XML_ERR_NO_MEMORY)
+        messages->isMemoryOut = true;
+    if (!messages->place)
+        return;
+    if (!messages->text.isEmpty())
+        messages->text += QLatin1String("\n\n");
+    messages->text +=
+        QObject::tr("%1 at line %2 column %3. %4")
+            .arg(messages->place->toString(), QString::number(message->line),
+                 QString::number(message->int2), QString::fromUtf8(message->message).trimmed());
+}
+
+void takeParserMessage(void* context, xmlErrorPtr message)
+{
+    takeMessage(static_cast<xmlParserCtxt*>(context)->_private, message);
+}
+
+/// A failed allocation says nothing about a document.
+template <typename Pointer>
+Pointer orMemoryOut(Pointer pointer)
+{
+    if (!pointer)
+        throw std::bad_alloc();
+    return pointer;
+}
+
+void throwIfMemoryOut(const Messages& messages)
+{
+    if (messages.isMemoryOut)
+        throw std::bad_alloc();
+}
 
 /// The host may use libxml2 too, so its last error in this thread is put back.
 class LastErrorKeeper {
@@ -52,23 +93,27 @@ private:
     xmlError kept = {};
 };
 
-/// Parsed once and kept until the process ends; null if that fails.
+xmlSchema* parseSchema()
+{
+    xmlInitParser();
+    SchemaFile file;
+    if (!readSchemaFile(compiledInSchema(), &file, nullptr))
+        return nullptr;
+    // Numbers beyond this type go to Qt, which ends at another place than libxml2 does.
+    file.text.replace("xs:nonNegativeInteger", "xs:unsignedInt");
+    const SchemaParser parser(
+        orMemoryOut(xmlSchemaNewMemParserCtxt(file.text.constData(), file.text.size())));
+    Messages messages;
+    xmlSchemaSetParserStructuredErrors(parser.get(), takeMessage, &messages);
+    xmlSchema* const schema = xmlSchemaParse(parser.get());
+    throwIfMemoryOut(messages);
+    return schema;
+}
+
+/// Parsed once and kept until the process ends. Null if that fails, but for lack of memory.
 xmlSchema* keptSchema()
 {
-    static xmlSchema* const schema = []() -> xmlSchema* {
-        xmlInitParser();
-        SchemaFile file;
-        if (!readSchemaFile(compiledInSchema(), &file, nullptr))
-            return nullptr;
-        // Numbers beyond this type go to Qt, which ends at another place than libxml2 does.
-        file.text.replace("xs:nonNegativeInteger", "xs:unsignedInt");
-        const SchemaParser parser(
-            xmlSchemaNewMemParserCtxt(file.text.constData(), file.text.size()));
-        if (!parser)
-            return nullptr;
-        xmlSchemaSetParserStructuredErrors(parser.get(), ignoreMessage, nullptr);
-        return xmlSchemaParse(parser.get());
-    }();
+    static xmlSchema* const schema = parseSchema();
     return schema;
 }
 
@@ -87,19 +132,28 @@ bool isPlainXml(const QByteArray& xml)
             encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0);
 }
 
-/// The parsed document; null unless it is well-formed and all of it is in the text.
-Document parse(const QByteArray& xml)
+/// Whether libxml2 may judge the text: one that it surely reads as Qt does.
+bool isForLibxml(const QByteArray& xml)
 {
-    const ParserContext context(xmlNewParserCtxt());
-    if (!context)
-        return nullptr;
-    context->sax->serror = ignoreMessage;
+    // Qt wants each xml:id to differ from all others.
+    return isPlainXml(xml) && !xml.contains("<!DOCTYPE") && !xml.contains("xml:id");
+}
+
+/// The parsed document; null unless it is well-formed and all of it is in the text.
+Document parse(const QByteArray& xml, Messages* messages)
+{
+    const ParserContext context(orMemoryOut(xmlNewParserCtxt()));
+    context->sax->serror = takeParserMessage;
+    context->_private = messages;
     context->keepBlanks = 1;
     // The caller has checked the depth, and there are no entities, so texts may have any length.
     constexpr int options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING |
                             XML_PARSE_HUGE | XML_PARSE_OLD10;
     Document document(
         xmlCtxtReadMemory(context.get(), xml.constData(), xml.size(), nullptr, "UTF-8", options));
+    throwIfMemoryOut(*messages);
+    if (context->errNo == XML_ERR_NO_MEMORY)
+        throw std::bad_alloc();
     if (!document || !context->nsWellFormed || context->errNo != XML_ERR_OK || document->intSubset)
         return nullptr;
     // With these attributes a document brings schemas and types of its own.
@@ -107,21 +161,39 @@ Document parse(const QByteArray& xml)
     return xmlDictExists(context->dict, instance, -1) ? nullptr : std::move(document);
 }
 
+bool judge(const QByteArray& xml, Messages* messages)
+{
+    const LastErrorKeeper keeper;
+    xmlSchema* const schema = keptSchema();
+    const Document document = schema ? parse(xml, messages) : nullptr;
+    if (!document)
+        return false;
+    const Validator validator(orMemoryOut(xmlSchemaNewValidCtxt(schema)));
+    xmlSchemaSetValidStructuredErrors(validator.get(), takeMessage, messages);
+    const int verdict = xmlSchemaValidateDoc(validator.get(), document.get());
+    throwIfMemoryOut(*messages);
+    return verdict == 0;
+}
+
 } // namespace
 
 bool schemaAccepts(const QByteArray& xml)
 {
-    // Qt wants each xml:id to differ from all others.
-    if (!isPlainXml(xml) || xml.contains("<!DOCTYPE") || xml.contains("xml:id"))
-        return false;
-    const LastErrorKeeper keeper;
-    xmlSchema* const schema = keptSchema();
-    const Document document = schema ? parse(xml) : nullptr;
-    const Validator validator(document ? xmlSchemaNewValidCtxt(schema) : nullptr);
-    if (!validator)
-        return false;
-    xmlSchemaSetValidStructuredErrors(validator.get(), ignoreMessage, nullptr);
-    return xmlSchemaValidateDoc(validator.get(), document.get()) == 0;
+    Messages messages;
+    return isForLibxml(xml) && judge(xml, &messages);
+}
+
+QString schemaComplaints(const QByteArray& xml, const QUrl& url)
+{
+    Messages messages;
+    messages.place = &url;
+    if (isForLibxml(xml))
+        judge(xml, &messages);
+    return messages.text.isEmpty()
+               ? QObject::tr("%1 can't be checked: it has a document type, another encoding than "
+                             "UTF-8, or attributes that bring types of their own.")
+                     .arg(url.toString())
+               : messages.text;
 }
 
 } // namespace vantrel::report

@@ -2,33 +2,16 @@
 
 #include "definition/schema_file.h"
 
-#include <QAbstractMessageHandler>
+#include <QByteArray>
 #include <QUrl>
 
 namespace vantrel::report {
 
-/// Puts the validator's messages together in one text.
-class MessageHandler : public QAbstractMessageHandler {
-public:
-    /// @param messages takes the text; may be null
-    /// @param next     is handed each message as well; may be null
-    MessageHandler(QString* messages, QAbstractMessageHandler* next)
-        : error(messages), chained(next)
-    {}
-
-protected:
-    void handleMessage(QtMsgType type, const QString& description, const QUrl& identifier,
-                       const QSourceLocation& sourceLocation) override;
-
-private:
-    QString* error;
-    QAbstractMessageHandler* chained;
-};
-
-/// Lets Qt judge the document. Slow, and starts threads; the messages are worth it.
+/// Lets Qt judge the document, through the module that is linked with its validator. Slow; the
+/// messages are worth it. Without the module the document is refused in libxml2's words.
 ///
 /// @param error may be null
-bool explainWithQt(const QByteArray& xml, const QUrl& url, const SchemaFile& schema, QString* error,
-                   int messageMode);
+bool explainSchemaFaults(const QByteArray& xml, const QUrl& url, const SchemaFile& schema,
+                         QString* error, int messageMode);
 
 } // namespace vantrel::report

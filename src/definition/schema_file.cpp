@@ -14,11 +14,6 @@ constexpr FileMessages schemaFileMessages{
 
 } // namespace
 
-QString compiledInSchema()
-{
-    return QStringLiteral(":/vantrel/custom/validation.xsd");
-}
-
 bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
 {
     if (!readWholeFile(path, schemaFileMessages, &schema->text, error))

@@ -5,8 +5,12 @@
 
 namespace vantrel::report {
 
-/// The schema that is compiled in.
-QString compiledInSchema();
+/// Path of the schema that is compiled in.
+constexpr char compiledInSchemaPath[] = ":/vantrel/custom/validation.xsd";
+inline QString compiledInSchema()
+{
+    return QString::fromLatin1(compiledInSchemaPath);
+}
 
 struct SchemaFile {
     QString path;

@@ -39,7 +39,7 @@ bool validateDefinition(const QByteArray& xml, const QUrl& url, const QString& s
         return false;
     if (schemaPath == compiledInSchema() && schemaAccepts(xml))
         return true;
-    return explainWithQt(xml, url, schema, error, messageMode);
+    return explainSchemaFaults(xml, url, schema, error, messageMode);
 }
 
 } // namespace vantrel::report

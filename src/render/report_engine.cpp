@@ -102,13 +102,10 @@ bool ReportEngine::addSource(const Source& source, bool isTrusted, QString* erro
 
 bool ReportEngine::runPendingSources(QString* error)
 {
-    if (!interpreter) {
-        interpreter = std::make_unique<ScriptInterpreter>();
-        if (!interpreter->start(error)) {
-            interpreter.reset();
-            return false;
-        }
-    }
+    if (!interpreter)
+        interpreter = ScriptInterpreter::start(error);
+    if (!interpreter)
+        return false;
     for (; sourcesRun < sources.size(); ++sourcesRun) {
         if (!runSource(sources.at(sourcesRun), error))
             return false;

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QJSEngine>
 #include <QString>
+
+#include <memory>
 
 namespace corvane {
 
-/// A JavaScript interpreter with the script layer loaded. The only place that knows which
-/// interpreter it is.
+/// A JavaScript interpreter with the script layer loaded. Only what renders static forms has one:
+/// the shared library is linked without.
 class ScriptInterpreter {
 public:
     /// The scripts of the layer in the order in which they must run, here and in a page.
@@ -14,24 +15,26 @@ public:
                                                   "handlebars.min-v4.0.5.js", "htmlparser.js",
                                                   "report-engine.js"};
 
-    /// Loads the layer. False with a message if one of its scripts fails.
-    bool start(QString* error);
+    /// Starts one and loads the layer.
+    ///
+    /// @param error takes a message if that fails
+    /// @return null if that fails
+    static std::unique_ptr<ScriptInterpreter> start(QString* error);
+
+    ScriptInterpreter() = default;
+    virtual ~ScriptInterpreter() = default;
+    ScriptInterpreter(const ScriptInterpreter&) = delete;
+    ScriptInterpreter& operator=(const ScriptInterpreter&) = delete;
 
     /// @name Each is false, or leaves a message that isn't null, after a failure.
     /// @{
-    bool run(const QString& script, QString* message);
+    virtual bool run(const QString& script, QString* message) = 0;
     /// Parses the template at once, unlike the script layer, which puts it off to the first use.
-    bool registerPartial(const QString& name, const QString& format, const QString& text,
-                         QString* message);
-    QString render(const QString& templateName, const QString& format, const QString& json,
-                   QString* message);
+    virtual bool registerPartial(const QString& name, const QString& format, const QString& text,
+                                 QString* message) = 0;
+    virtual QString render(const QString& templateName, const QString& format, const QString& json,
+                           QString* message) = 0;
     /// @}
-
-private:
-    QString call(const char* function, const QJSValueList& arguments, QString* message);
-
-    QJSEngine engine;
-    QJSValue host; ///< the functions of the prelude
 };
 
 } // namespace corvane

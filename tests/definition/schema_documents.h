@@ -2,6 +2,7 @@
 
 #include "definition/schema_acceptance.h"
 #include "definition/schema_explanation.h"
+#include "definition/schema_messages.h"
 #include "definition/schema_validation.h"
 
 #include <QFile>
@@ -59,7 +60,7 @@ inline bool qtAccepts(const QByteArray& xml)
 {
     SchemaFile schema;
     EXPECT_TRUE(readSchemaFile(compiledInSchema(), &schema, nullptr));
-    return explainWithQt(xml, place, schema, nullptr, 0);
+    return explainSchemaFaults(xml, place, schema, nullptr, 0);
 }
 
 inline QByteArray contentOf(const QString& path)

@@ -38,18 +38,18 @@ TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
     const QJsonArray rows =
         QJsonDocument::fromJson(readAll(TEST_SOURCE_DIR "/page/helper_cases.json")).array();
     ASSERT_GT(rows.size(), 50);
-    corvane::ScriptInterpreter interpreter;
     QString message;
-    ASSERT_TRUE(interpreter.start(&message)) << qPrintable(message);
+    const auto interpreter = corvane::ScriptInterpreter::start(&message);
+    ASSERT_TRUE(interpreter) << qPrintable(message);
     const QByteArray helpers = readAll(vantrel::resourcePath("vantrel.js"));
-    ASSERT_TRUE(interpreter.run(QString::fromUtf8(helpers), &message)) << qPrintable(message);
-    ASSERT_TRUE(interpreter.run(runRows, &message)) << qPrintable(message);
+    ASSERT_TRUE(interpreter->run(QString::fromUtf8(helpers), &message)) << qPrintable(message);
+    ASSERT_TRUE(interpreter->run(runRows, &message)) << qPrintable(message);
 
     for (const QJsonValue& value : rows) {
         const QJsonObject row = value.toObject();
         SCOPED_TRACE(qPrintable(row.value("name").toString()));
         QString error;
-        const QString text = interpreter.render(
+        const QString text = interpreter->render(
             QString(), QString(), QString::fromUtf8(QJsonDocument(row).toJson()), &error);
         if (row.contains("error")) {
             const QString expected = row.value("error").toString();
@@ -63,9 +63,9 @@ TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
 
 TEST(ScriptInterpreter, TellsWhyAScriptFails)
 {
-    corvane::ScriptInterpreter interpreter;
     QString message;
-    ASSERT_TRUE(interpreter.start(&message));
+    const auto interpreter = corvane::ScriptInterpreter::start(&message);
+    ASSERT_TRUE(interpreter) << qPrintable(message);
     const std::pair<const char*, const char*> scripts[] = {
         {"syntax error here", "Expected token"},
         {"throw new Error('out of cheese')", "out of cheese"},
@@ -74,7 +74,7 @@ TEST(ScriptInterpreter, TellsWhyAScriptFails)
     };
     for (const auto& [script, words] : scripts) {
         message.clear();
-        EXPECT_FALSE(interpreter.run(script, &message)) << script;
+        EXPECT_FALSE(interpreter->run(script, &message)) << script;
         EXPECT_TRUE(message.contains(words)) << qPrintable(message);
     }
 }

@@ -1,8 +1,10 @@
+// The interpreter is Qt's QJSEngine. Nothing else knows that.
 #include "render/script_interpreter.h"
 
 #include "render/resources.h"
 
 #include <QFile>
+#include <QJSEngine>
 
 namespace corvane {
 
@@ -20,9 +22,23 @@ QString describe(const QJSValue& error)
     return error.isObject() && !message.isEmpty() ? message : error.toString();
 }
 
-} // namespace
+class QmlInterpreter : public ScriptInterpreter {
+public:
+    bool load(QString* error);
+    bool run(const QString& script, QString* message) override;
+    bool registerPartial(const QString& name, const QString& format, const QString& text,
+                         QString* message) override;
+    QString render(const QString& templateName, const QString& format, const QString& json,
+                   QString* message) override;
 
-bool ScriptInterpreter::start(QString* error)
+private:
+    QString call(const char* function, const QJSValueList& arguments, QString* message);
+
+    QJSEngine engine;
+    QJSValue host; ///< the functions of the prelude
+};
+
+bool QmlInterpreter::load(QString* error)
 {
     engine.installExtensions(QJSEngine::ConsoleExtension);
     vantrel::resourceRoot();
@@ -39,7 +55,7 @@ bool ScriptInterpreter::start(QString* error)
     return true;
 }
 
-bool ScriptInterpreter::run(const QString& script, QString* message)
+bool QmlInterpreter::run(const QString& script, QString* message)
 {
     // What a script throws comes back as its result, and the prelude's stand-in for Error isn't an
     // error to the interpreter; so the last value of a script that runs to its end tells.
@@ -51,20 +67,20 @@ bool ScriptInterpreter::run(const QString& script, QString* message)
     return false;
 }
 
-bool ScriptInterpreter::registerPartial(const QString& name, const QString& format,
+bool QmlInterpreter::registerPartial(const QString& name, const QString& format,
                                         const QString& text, QString* message)
 {
     call("registerPartial", {name, format, text}, message);
     return message->isNull();
 }
 
-QString ScriptInterpreter::render(const QString& templateName, const QString& format,
+QString QmlInterpreter::render(const QString& templateName, const QString& format,
                                   const QString& json, QString* message)
 {
     return call("render", {templateName, format, json}, message);
 }
 
-QString ScriptInterpreter::call(const char* function, const QJSValueList& arguments,
+QString QmlInterpreter::call(const char* function, const QJSValueList& arguments,
                                 QString* message)
 {
     const QJSValue result = host.property(QLatin1String(function)).call(arguments);
@@ -76,6 +92,16 @@ QString ScriptInterpreter::call(const char* function, const QJSValueList& argume
     if (!failure.isUndefined())
         *message = failure.toString() + QLatin1String("");
     return result.property(QStringLiteral("text")).toString();
+}
+
+} // namespace
+
+std::unique_ptr<ScriptInterpreter> ScriptInterpreter::start(QString* error)
+{
+    auto interpreter = std::make_unique<QmlInterpreter>();
+    if (!interpreter->load(error))
+        return nullptr;
+    return interpreter;
 }
 
 } // namespace corvane
