@@ -1,7 +1,6 @@
 #include "definition/color_string.h"
 
 #include <QObject>
-#include <QRegExp>
 
 namespace vantrel::report {
 
@@ -54,12 +53,75 @@ constexpr ColorFunction colorFunctions[] = {
     {"rgb", {{255, badRed}, {255, badGreen}, {255, badBlue}}, fromRgb},
 };
 
-QColor parseFunction(const ColorFunction& function, const QRegExp& match, const QString& text,
-                     QString* error)
+/// A colour in the form of a function: three letters and three whole numbers in brackets.
+struct FunctionText {
+    QString name;
+    QStringRef numbers[3];
+};
+
+/// Reads a text from its start on.
+class Reading {
+public:
+    explicit Reading(const QString& whole) : text(whole) {}
+
+    QString letters(int count)
+    {
+        const int begin = at;
+        while (at < text.size() && at < begin + count && text.at(at) < QChar(0x80) &&
+               text.at(at).isLetter())
+            ++at;
+        return text.mid(begin, at - begin);
+    }
+    /// Digits, with or without a minus sign, and blanks around them.
+    bool number(QStringRef* number)
+    {
+        skipBlanks();
+        const int begin = at;
+        skip(u'-');
+        const int digits = at;
+        while (at < text.size() && text.at(at).isDigit())
+            ++at;
+        *number = text.midRef(begin, at - begin);
+        const bool found = at > digits;
+        skipBlanks();
+        return found;
+    }
+    bool skip(QChar c)
+    {
+        const bool found = at < text.size() && text.at(at) == c;
+        at += found;
+        return found;
+    }
+    bool isAtEnd() const { return at == text.size(); }
+
+private:
+    void skipBlanks()
+    {
+        while (at < text.size() && text.at(at).isSpace())
+            ++at;
+    }
+
+    const QString& text;
+    int at = 0;
+};
+
+bool readFunction(const QString& text, FunctionText* function)
+{
+    Reading reading(text);
+    function->name = reading.letters(3);
+    return function->name.size() == 3 && reading.skip(u'(') &&
+           reading.number(&function->numbers[0]) && reading.skip(u',') &&
+           reading.number(&function->numbers[1]) && reading.skip(u',') &&
+           reading.number(&function->numbers[2]) && reading.skip(u')') && reading.isAtEnd();
+}
+
+QColor makeColor(const ColorFunction& function, const QStringRef* texts, const QString& text,
+                 QString* error)
 {
     int numbers[3];
     for (int i = 0; i < 3; ++i) {
-        numbers[i] = match.cap(i + 2).toInt();
+        // A number that is too long counts as 0.
+        numbers[i] = texts[i].toInt();
         // A negative number is beyond every bound when it is taken as unsigned.
         if (unsigned(numbers[i]) > function.components[i].max) {
             *error =
@@ -89,19 +151,16 @@ QColor parseName(const QString& text, QString* error)
 
 QColor parseColor(const QString& text, QString* error)
 {
-    static const QRegExp pattern(
-        QStringLiteral("^([a-zA-Z]{3})\\(\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*\\)$"));
-    QRegExp match(pattern);
-    if (match.indexIn(text) < 0)
+    FunctionText function;
+    if (!readFunction(text, &function))
         return parseName(text, error);
-    const QString name = match.cap(1);
-    for (const ColorFunction& function : colorFunctions) {
-        if (name == QLatin1String(function.name))
-            return parseFunction(function, match, text, error);
+    for (const ColorFunction& known : colorFunctions) {
+        if (function.name == QLatin1String(known.name))
+            return makeColor(known, function.numbers, text, error);
     }
     *error = QObject::tr("Invalid format prefix '%1' in the colour string '%2'. Expected a prefix "
                          "of 'rgb', 'hsv', or 'hsl'.")
-                 .arg(name, text);
+                 .arg(function.name, text);
     return QColor();
 }
 

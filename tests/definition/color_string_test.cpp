@@ -1,6 +1,10 @@
 #include "definition/color_string.h"
 
+#include <QRegExp>
+
 #include <gtest/gtest.h>
+
+#include <random>
 
 using namespace vantrel::report;
 
@@ -56,4 +60,27 @@ TEST(ColorString, refusesWithAMessage)
         EXPECT_FALSE(parseColor(text, &error).isValid());
         EXPECT_EQ(error, QString(message).replace("@", text));
     }
+}
+
+TEST(ColorString, takesForFunctionsWhatThePatternMatches)
+{
+    const QRegExp pattern(
+        "^([a-zA-Z]{3})\\(\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*\\)$");
+    const QStringList right = QString("rgb|(| 1|\t,|-2 |,|  |3\n|)").split('|');
+    const QStringList others =
+        QString::fromUtf8("Abc|ab|\u00e9|(|)|,|1|22|-|--3| |\u00a0|\u0663|.|4,5||").split('|');
+    std::mt19937 random(1);
+    int matches = 0;
+    for (int i = 0; i < 20000; ++i) {
+        QString text;
+        for (const QString& piece : right)
+            text += random() % 6 ? piece : others.at(int(random() % unsigned(others.size())));
+        QString error;
+        parseColor(text, &error);
+        const bool isFunction = !error.startsWith("Invalid colour string");
+        const bool isMatch = pattern.indexIn(text) >= 0;
+        ASSERT_EQ(isFunction, isMatch) << text.toStdString();
+        matches += isMatch;
+    }
+    EXPECT_GT(matches, 1000);
 }
