@@ -1,5 +1,6 @@
 // Advice: texts that the caller adds to the run, to summary entries and to subsections.
 #include "api/custom_report.h"
+#include "host/process_end.h"
 #include "html/html_text.h"
 #include "metrics/metric_ids.h"
 
@@ -20,9 +21,11 @@ QString storedKey(const QString& key)
 
 int CustomReport::checkAdvice(const char* advice)
 {
-    if (!isValidUtf8(advice)) {
-        setError("invalid UTF-8 sequence found in advice string");
-        return VANTREL_INVALID_TEXT;
+    if (const int code = checkText(advice, "advice string"))
+        return code;
+    if (processEnds()) {
+        setError("the process is ending: advice can't be checked any more");
+        return VANTREL_EXCEPTION;
     }
     if (!validateHtml(QString::fromUtf8(advice))) {
         setError("invalid HTML sequence found in advice string");
@@ -51,6 +54,8 @@ int CustomReport::setSummaryAdviceFromCaller(const char* entryId, const char* ad
     }
     if (const int code = checkAdvice(advice))
         return code;
+    if (const int code = checkLength(entryId, "summary entry ID"))
+        return code;
     return setSummaryEntryAdvice(QString::fromUtf8(entryId), QString::fromUtf8(advice));
 }
 
@@ -60,10 +65,8 @@ int CustomReport::setSectionAdviceFromCaller(const char* sectionId, const char* 
         setError("null advice string found when setting section advice");
         return VANTREL_NULL_STRING;
     }
-    if (!isValidUtf8(sectionId)) {
-        setError("invalid UTF-8 sequence found in section ID");
-        return VANTREL_INVALID_TEXT;
-    }
+    if (const int code = checkText(sectionId, "section ID"))
+        return code;
     if (const int code = checkAdvice(advice))
         return code;
     return setSubsectionAdvice(QString::fromUtf8(sectionId), 1, QString::fromUtf8(advice));

@@ -1,11 +1,11 @@
 // The life of a report: creation from a definition, the latch, notices.
 #include "api/custom_report.h"
+#include "api/process_setup.h"
+#include "api/utf8_text.h"
 #include "definition/schema_file.h"
 
 #include <QObject>
-#include <QTextCodec>
 
-#include <cstring>
 #include <exception>
 #include <memory>
 
@@ -16,9 +16,7 @@ using report::ReportIdScheme;
 
 CustomReport::CustomReport(const char* xmlLayout)
 {
-    // Pages leave as local 8-bit text, which has to be UTF-8.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    if (loadDefinition(xmlLayout))
+    if (setUpProcess() && loadDefinition(xmlLayout))
         setUpMetrics();
 }
 
@@ -28,6 +26,8 @@ bool CustomReport::loadDefinition(const char* xmlLayout)
         setError("xml layout buffer pointer is null");
         return false;
     }
+    if (checkLength(xmlLayout, "report definition") != VANTREL_OK)
+        return false;
     QString error;
     const std::unique_ptr<ReportDefinition> definition(ReportDefinition::load(
         QByteArray(xmlLayout), QUrl(), report::compiledInSchema(), &error, 0, ReportIdScheme()));
@@ -69,15 +69,23 @@ int CustomReport::handleException(const char* context)
     return VANTREL_EXCEPTION;
 }
 
-bool CustomReport::isValidUtf8(const char* text, QString* decoded)
+int CustomReport::checkLength(const char* text, const char* what)
 {
-    static QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
-    QTextCodec::ConverterState state;
-    const int length = text ? int(std::strlen(text)) : 0;
-    const QString unicode = codec->toUnicode(text, length, &state);
-    if (decoded)
-        *decoded = unicode;
-    return state.invalidChars < 1 && state.remainingChars < 1;
+    if (!isTooLong(text))
+        return VANTREL_OK;
+    setError("%s is longer than %zu bytes", what, longestText);
+    return VANTREL_INVALID_TEXT;
+}
+
+int CustomReport::checkText(const char* text, const char* what)
+{
+    if (const int code = checkLength(text, what))
+        return code;
+    if (!isValidUtf8(text)) {
+        setError("invalid UTF-8 sequence found in %s", what);
+        return VANTREL_INVALID_TEXT;
+    }
+    return VANTREL_OK;
 }
 
 QString CustomReport::noticeText() const

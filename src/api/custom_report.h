@@ -34,9 +34,12 @@ public:
     int handleException(const char* context);
     /// @}
 
-    /// Whether the text is UTF-8 to its end. A null pointer counts as an empty text.
-    /// @param decoded may be null
-    static bool isValidUtf8(const char* text, QString* decoded = nullptr);
+    /// Whether a text of the caller's can be taken: UTF-8 to its end, and not longer than Qt's
+    /// strings can be. A null pointer counts as an empty text.
+    /// @param what what it is, for the message
+    int checkText(const char* text, const char* what);
+    /// The second half of that alone.
+    int checkLength(const char* text, const char* what);
 
     /// @name Values
     /// @{

@@ -7,12 +7,9 @@ using namespace report;
 
 int CustomReport::setDominantMetricFromCaller(const char* metricId)
 {
-    QString id;
-    if (!isValidUtf8(metricId, &id)) {
-        setError("invalid UTF-8 sequence found in metric name");
-        return VANTREL_INVALID_TEXT;
-    }
-    return setDominantMetric(id);
+    if (const int code = checkText(metricId, "metric name"))
+        return code;
+    return setDominantMetric(QString::fromUtf8(metricId));
 }
 
 int CustomReport::setDominantMetric(const QString& id)

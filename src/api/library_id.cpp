@@ -2,8 +2,6 @@
 
 #include "build_id.h"
 
-#include <QByteArray>
-
 namespace vantrel {
 
 QString softwareVersion()
@@ -13,17 +11,13 @@ QString softwareVersion()
 
 const char* libraryIdText()
 {
-    static const QByteArray text =
-        QStringLiteral("Corvane Custom Vantrel library\n"
-                       "    API version      : %1\n"
-                       "    Software version : %2\n"
-                       "    Build ID         : %3\n"
-                       "    Build platform   : %4 %5 %6\n")
-            .arg(QString::number(apiVersion), softwareVersion(), QStringLiteral(VANTREL_BUILD_ID),
-                 QStringLiteral(VANTREL_PLATFORM_NAME), QStringLiteral(VANTREL_PLATFORM_VERSION),
-                 QStringLiteral(VANTREL_PLATFORM_ARCH))
-            .toUtf8();
-    return text.constData();
+    return "Corvane Custom Vantrel library\n"
+           "    API version      : " QT_STRINGIFY(
+               VANTREL_API_VERSION) "\n"
+                                    "    Software version : " VANTREL_SOFTWARE_VERSION "\n"
+                                    "    Build ID         : " VANTREL_BUILD_ID "\n"
+                                    "    Build platform   : " VANTREL_PLATFORM_NAME
+                                    " " VANTREL_PLATFORM_VERSION " " VANTREL_PLATFORM_ARCH "\n";
 }
 
 } // namespace vantrel

@@ -4,7 +4,8 @@
 
 namespace vantrel {
 
-constexpr int apiVersion = 1;
+#define VANTREL_API_VERSION 1
+constexpr int apiVersion = VANTREL_API_VERSION;
 QString softwareVersion();
 
 /// What vantrel_library_id_string() gives.

@@ -18,7 +18,7 @@ constexpr int setUpFailed = 102;
 
 const QSet<QString>& applicationDetailIds()
 {
-    static const QSet<QString> ids{
+    static const auto& ids = *new QSet<QString>{
         QString::fromUtf8(CORVANE_APPLICATION_DETAIL_NOTES),
         QString::fromUtf8(CORVANE_APPLICATION_DETAIL_EXE_PATH),
         QString::fromUtf8(CORVANE_APPLICATION_DETAIL_TIME),
@@ -91,11 +91,9 @@ int CustomReport::setDefaults()
 
 int CustomReport::setValueFromCaller(const char* metricId, const QVariant& value)
 {
-    QString id;
-    if (!isValidUtf8(metricId, &id)) {
-        setError("invalid UTF-8 sequence found in metric name");
-        return VANTREL_INVALID_TEXT;
-    }
+    if (const int code = checkText(metricId, "metric name"))
+        return code;
+    QString id = QString::fromUtf8(metricId);
     // An id of the definition is that of a metric of its own, whatever type it is declared with;
     // any other id is a full key already.
     if (!applicationDetailIds().contains(id) && hasMetric(id)) {

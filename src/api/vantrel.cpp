@@ -2,7 +2,8 @@
 // the report inside the guard, and returns its code.
 #include "api/custom_report.h"
 #include "api/library_id.h"
-#include "host/application.h"
+#include "api/process_setup.h"
+#include "host/process_end.h"
 
 #include <new>
 
@@ -40,8 +41,9 @@ int guarded(CustomReport* report, const char* context, Call call)
 vantrel_handle* vantrel_create(char const* xmlLayout)
 {
     try {
-        return vantrel::ensureApplication() ? new (std::nothrow) vantrel_handle(xmlLayout)
-                                            : nullptr;
+        return !vantrel::processEnds() && vantrel::setUpProcess() ? new (std::nothrow)
+                                                                        vantrel_handle(xmlLayout)
+                                                                  : nullptr;
     } catch (...) {
         return nullptr;
     }
@@ -68,7 +70,11 @@ char const* vantrel_error_message(vantrel_handle const* report)
 
 QVariant vantrel_internal_get_value(vantrel_handle const* report, char const* metricId)
 {
-    return report ? report->metricValue(QString::fromUtf8(metricId)) : QVariant();
+    try {
+        return report ? report->metricValue(QString::fromUtf8(metricId)) : QVariant();
+    } catch (...) {
+        return QVariant();
+    }
 }
 
 int vantrel_set_value_double(vantrel_handle* report, char const* metricId, double value)
@@ -88,10 +94,8 @@ int vantrel_set_value_string(vantrel_handle* report, char const* metricId, char 
         report->setError("null metric value found");
         return VANTREL_NULL_STRING;
     }
-    if (!CustomReport::isValidUtf8(value)) {
-        report->setError("invalid UTF-8 sequence found in metric value");
-        return VANTREL_INVALID_TEXT;
-    }
+    if (const int code = report->checkText(value, "metric value"))
+        return code;
     return guarded(report, __func__, [&] { return report->setStringFromCaller(metricId, value); });
 }
 

@@ -5,6 +5,7 @@
 #include "definition/text_limits.h"
 #include "definition/xml_source.h"
 #include "host/loaded_module.h"
+#include "host/process_end.h"
 
 #include <QObject>
 #include <QXmlStreamReader>
@@ -72,6 +73,20 @@ Explainer* openExplainer(bool* hasOwnValidator)
     return function;
 }
 
+QString refusalWithoutModule(const QByteArray& xml, const QUrl& url)
+{
+    const QString complaints = schemaComplaints(xml, url);
+    if (complaints.isEmpty()) {
+        return QObject::tr("%1 can't be checked. It has a document type, another encoding than "
+                           "UTF-8 or attributes that bring types of their own, and the library's "
+                           "module %2 can't be opened.")
+            .arg(url.toString(), QLatin1String(explainerModule));
+    }
+    return complaints + QLatin1String("\n\n") +
+           QObject::tr("(These are the words of libxml2: the library's module %1 can't be opened.)")
+               .arg(QLatin1String(explainerModule));
+}
+
 } // namespace
 
 bool explainSchemaFaults(const QByteArray& xml, const QUrl& url, const SchemaFile& schema,
@@ -85,14 +100,13 @@ bool explainSchemaFaults(const QByteArray& xml, const QUrl& url, const SchemaFil
     question.url = url.isEmpty() ? QUrl(QStringLiteral("memory:definition")) : url;
     question.schema = schema;
     question.messageMode = messageMode;
-    if (Explainer* const explain = openExplainer(&question.hasOwnValidator))
-        return explain(question, error);
-    if (error) {
-        *error = schemaComplaints(xml, question.url) + QLatin1String("\n\n") +
-                 QObject::tr("(These are the words of libxml2, since the library's module %1 can't "
-                             "be opened.)")
-                     .arg(QLatin1String(explainerModule));
+    if (Explainer* const explain = openExplainer(&question.hasOwnValidator)) {
+        const bool isValid = explain(question, error);
+        static const bool noted = noteTablesOfQt();
+        return isValid && noted;
     }
+    if (error)
+        *error = refusalWithoutModule(xml, question.url);
     return false;
 }
 

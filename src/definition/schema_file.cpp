@@ -2,6 +2,8 @@
 
 #include "host/whole_file.h"
 
+#include <memory>
+
 namespace vantrel::report {
 
 namespace {
@@ -12,9 +14,7 @@ constexpr FileMessages schemaFileMessages{
     "Schema file '%1' is not readable",
 };
 
-} // namespace
-
-bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
+bool readFile(const QString& path, SchemaFile* schema, QString* error)
 {
     if (!readWholeFile(path, schemaFileMessages, &schema->text, error))
         return false;
@@ -23,6 +23,22 @@ bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
     schema->text.replace("<!-- Begin unique ID constraints -->",
                          "<!-- Begin unique ID constraints");
     schema->text.replace("<!-- End unique ID constraints -->", "End unique ID constraints -->");
+    return true;
+}
+
+} // namespace
+
+bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error)
+{
+    if (path != compiledInSchema())
+        return readFile(path, schema, error);
+    // Read once: reports are made with no file of Qt's open.
+    static const auto& compiledIn = *[] {
+        auto file = std::make_unique<SchemaFile>();
+        readFile(compiledInSchema(), file.get(), nullptr);
+        return file.release();
+    }();
+    *schema = compiledIn;
     return true;
 }
 

@@ -60,12 +60,12 @@ bool ensureApplication()
     std::unique_ptr<char[]> commandLine = readCommandLine();
     if (!commandLine)
         return false;
-    // Qt keeps the argument as long as the process lives.
+    // Qt keeps the arguments as long as the process lives, which also nothing releases.
     static int argc = 1;
     static char* argv[] = {commandLine.release(), nullptr};
     const LocaleKeeper keeper;
-    static const auto* application = new QCoreApplication(argc, argv);
-    return application && QCoreApplication::instance();
+    new QCoreApplication(argc, argv);
+    return QCoreApplication::instance() != nullptr;
 }
 
 } // namespace vantrel

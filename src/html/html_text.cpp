@@ -16,16 +16,16 @@ using TagSet = QSet<QString>;
 
 const TagSet& blockTags()
 {
-    static const TagSet tags{"p",  "div", "h1", "h2", "h3",  "h4",
-                             "h5", "h6",  "ul", "ol", "pre", "blockquote"};
+    static const auto& tags = *new TagSet{"p",  "div", "h1", "h2", "h3",  "h4",
+                                          "h5", "h6",  "ul", "ol", "pre", "blockquote"};
     return tags;
 }
 
 const TagSet& inlineTags()
 {
-    static const TagSet tags{"b",    "big", "i",    "small", "tt",     "abbr", "acronym", "cite",
-                             "code", "dfn", "em",   "kbd",   "strong", "samp", "time",    "var",
-                             "br",   "q",   "span", "sub",   "sup",    "label"};
+    static const auto& tags = *new TagSet{
+        "b",   "big",    "i",    "small", "tt",  "abbr", "acronym", "cite", "code", "dfn", "em",
+        "kbd", "strong", "samp", "time",  "var", "br",   "q",       "span", "sub",  "sup", "label"};
     return tags;
 }
 

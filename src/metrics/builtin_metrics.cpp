@@ -103,31 +103,31 @@ QSet<QString> builtinIds()
 
 QList<ReportMetric> builtinOverviewMetrics(int /*version*/)
 {
-    static const QList<ReportMetric> list = metricsFrom(overviewRows);
+    static const auto& list = *new QList<ReportMetric>(metricsFrom(overviewRows));
     return list;
 }
 
 QList<ReportMetric> builtinHeaderMetrics(int /*version*/)
 {
-    static const QList<ReportMetric> list = metricsFrom(headerRows);
+    static const auto& list = *new QList<ReportMetric>(metricsFrom(headerRows));
     return list;
 }
 
 QList<ReportMetric> builtinValueMetrics(int /*version*/)
 {
-    static const QList<ReportMetric> list = metricsFrom(valueRows);
+    static const auto& list = *new QList<ReportMetric>(metricsFrom(valueRows));
     return list;
 }
 
 bool isBuiltinMetric(const QString& id)
 {
-    static const QSet<QString> ids = builtinIds();
+    static const auto& ids = *new QSet<QString>(builtinIds());
     return ids.contains(id);
 }
 
 bool isPlainMetric(const QString& id)
 {
-    static const QSet<QString> plainIds{
+    static const auto& plainIds = *new QSet<QString>{
         QLatin1String(ids::energyAccTotalPlain),
         QLatin1String(ids::energyCpuTotalPlain),
         QLatin1String(ids::energyTotalPlain),

@@ -22,19 +22,35 @@ QJsonObject makeLogo(const QString& image, const QString& link, int height, cons
     return logo;
 }
 
+const QString& defaultLogoCopy()
+{
+    static const auto& copy =
+        *new QString(imageFileToDataUri(resourcePath(QStringLiteral("logo.png"))));
+    return copy;
+}
+
+const QString& badgeCopy()
+{
+    static const auto& copy = *new QString(
+        imageFileToDataUri(resourcePath(QStringLiteral("powered-by-corvane-reports.png"))));
+    return copy;
+}
+
 } // namespace
+
+void prepareBranding()
+{
+    defaultLogoCopy();
+    badgeCopy();
+}
 
 QJsonObject makeBrandingData(const ReportDefinition& definition)
 {
     const bool isDefault = definition.logo().startsWith(defaultLogoPrefix());
-    const QString fallback =
-        isDefault ? imageFileToDataUri(resourcePath(QStringLiteral("logo.png"))) : QString();
-    QJsonArray logos{makeLogo(definition.logo(), definition.logoLink(), 150, fallback)};
-    if (!isDefault) {
-        logos.append(makeLogo(
-            poweredByLogo(), poweredByLink(), 30,
-            imageFileToDataUri(resourcePath(QStringLiteral("powered-by-corvane-reports.png")))));
-    }
+    QJsonArray logos{makeLogo(definition.logo(), definition.logoLink(), 150,
+                              isDefault ? defaultLogoCopy() : QString())};
+    if (!isDefault)
+        logos.append(makeLogo(poweredByLogo(), poweredByLink(), 30, badgeCopy()));
     return {{QStringLiteral("logos"), logos}};
 }
 

@@ -4,7 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
+#include <QTextCodec>
 
 namespace vantrel {
 
@@ -25,7 +25,8 @@ bool readText(const QString& path, QString* text)
     QFile file(path);
     if (!file.exists() || !file.open(QIODevice::ReadOnly))
         return false;
-    *text = QTextStream(&file).readAll();
+    const QByteArray bytes = file.readAll();
+    *text = QTextCodec::codecForUtfText(bytes, QTextCodec::codecForLocale())->toUnicode(bytes);
     return true;
 }
 

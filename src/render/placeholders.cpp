@@ -87,7 +87,7 @@ int placeholderEnd(const QString& text, int start)
 
 const QMap<QString, QString>& builtinPlaceholders()
 {
-    static const QMap<QString, QString> map = makeBuiltinPlaceholders();
+    static const auto& map = *new QMap<QString, QString>(makeBuiltinPlaceholders());
     return map;
 }
 

@@ -1,5 +1,6 @@
 #include "render/report_renderer.h"
 
+#include "render/branding.h"
 #include "render/html_inliner.h"
 #include "render/report_engine.h"
 #include "render/resources.h"
@@ -50,8 +51,8 @@ QByteArray resourceBytes(const char* name)
 
 const QJsonArray& headerRows()
 {
-    static const QJsonArray rows =
-        QJsonDocument::fromJson(resourceBytes("header-data.json")).array();
+    static const auto& rows =
+        *new QJsonArray(QJsonDocument::fromJson(resourceBytes("header-data.json")).array());
     return rows;
 }
 
@@ -92,9 +93,15 @@ struct InlinedPage {
     }
 };
 
+const InlinedPage& inlinedPage()
+{
+    static const auto& page = *new InlinedPage;
+    return page;
+}
+
 QByteArray renderPage(const QJsonObject& document)
 {
-    static const InlinedPage page;
+    const InlinedPage& page = inlinedPage();
     return page.beforeData + corvane::pageJson(document) + page.afterData;
 }
 
@@ -113,6 +120,13 @@ QByteArray renderText(ReportOutputKind kind, const QJsonObject& document)
 }
 
 } // namespace
+
+void prepareRendering()
+{
+    headerRows();
+    prepareBranding();
+    inlinedPage();
+}
 
 QString templateNameForFormat(ReportOutputKind kind)
 {

@@ -10,6 +10,10 @@
 
 namespace vantrel {
 
+/// Reads what all reports of the process share. After it a page is written without files and
+/// without tables of Qt, which a process loses while it ends.
+void prepareRendering();
+
 /// The name of the main template; empty for a kind that has none.
 QString templateNameForFormat(ReportOutputKind kind);
 

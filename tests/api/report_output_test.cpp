@@ -171,11 +171,3 @@ TEST(CustomReportText, tellsExceptionsAndNotices)
     EXPECT_TRUE(report.hasNotices());
     EXPECT_EQ(report.noticeText(), "%1\nnew\n");
 }
-
-TEST(CustomReportText, isTestedForUtf8)
-{
-    for (const char* text : {"", "a\xC3\xA9\xF0\x9F\x98\x80", "\xEF\xBB\xBF"})
-        EXPECT_TRUE(CustomReport::isValidUtf8(text)) << testing::PrintToString(text);
-    for (const char* text : {"\x80", "\xF0\x9F\x98", "\xC0\x80", "\xED\xA0\x80"})
-        EXPECT_FALSE(CustomReport::isValidUtf8(text)) << testing::PrintToString(text);
-}
