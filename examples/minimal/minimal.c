@@ -8,9 +8,9 @@
 
 #define NUMBERS 2000000
 
-/* A report needs at least three entries in its summary. */
+/* A report needs at least three entries in its summary, and its xmlns in double quotes. */
 static char const definition[] =
-    "<report xmlns='http://www.corvane.example/2016/CorvaneReports' name='Minimal'>"
+    "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name='Minimal'>"
     "<reportMetrics>"
     "<reportMetric id='fill' displayName='Filling' units='%' colour='darkslateblue'/>"
     "<reportMetric id='sort' displayName='Sorting' units='%' colour='firebrick'"
