@@ -16,6 +16,21 @@ install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel-config-version.cmake
     DESTINATION ${package_dir})
 
+# The pkg-config file finds the root from where it lies, so an installation can be moved. Folders
+# that were given as whole paths don't move.
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+    set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
+else()
+    set(to_root /)
+    cmake_path(RELATIVE_PATH to_root BASE_DIRECTORY "/${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    set(pc_prefix "\${pcfiledir}/${to_root}")
+endif()
+foreach(folder LIBDIR INCLUDEDIR)
+    set(pc_${folder} "${CMAKE_INSTALL_${folder}}")
+    if(NOT IS_ABSOLUTE "${pc_${folder}}")
+        string(PREPEND pc_${folder} "\${prefix}/")
+    endif()
+endforeach()
 configure_file(cmake/vantrel.pc.in generated/vantrel.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
