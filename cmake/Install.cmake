@@ -1,5 +1,5 @@
 # The header, the library, what others find it by (a CMake package and a pkg-config file), the
-# default definition, and the schema for editors.
+# default definition, the schema for editors, and the licences of what goes into pages.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
@@ -40,3 +40,4 @@ install(FILES resources/report-default.xml DESTINATION vantrel/templates)
 
 install(FILES resources/custom/validation.xsd resources/catalog.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel)
+install(FILES ${licences} DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -1,38 +1,7 @@
-# Compiles the resources of the report into one source file, VANTREL_RESOURCE_SOURCE. Ours come from
-# resources/, the third-party scripts from npm or from VANTREL_SCRIPTS_DIR.
+# Compiles the resources of the report into one source file, VANTREL_RESOURCE_SOURCE: ours from
+# resources/ and the third-party scripts.
 set(generated ${CMAKE_CURRENT_BINARY_DIR}/generated)
 set(custom ${CMAKE_CURRENT_SOURCE_DIR}/resources/custom)
-
-if(VANTREL_SCRIPTS_DIR)
-    set(handlebars_source ${VANTREL_SCRIPTS_DIR}/handlebars.min.js)
-    set(d3_source ${VANTREL_SCRIPTS_DIR}/d3.min.js)
-    set(htmlparser_source ${VANTREL_SCRIPTS_DIR}/htmlparser.min.js)
-    foreach(script ${handlebars_source} ${d3_source} ${htmlparser_source})
-        if(NOT EXISTS ${script})
-            message(FATAL_ERROR "VANTREL_SCRIPTS_DIR has no ${script}")
-        endif()
-    endforeach()
-else()
-    find_program(NPM_EXECUTABLE npm)
-    if(NOT NPM_EXECUTABLE)
-        message(FATAL_ERROR "npm is needed to fetch handlebars, d3 and htmlparser; "
-            "or give a folder that has them with -DVANTREL_SCRIPTS_DIR=")
-    endif()
-    set(npm_dir ${CMAKE_CURRENT_BINARY_DIR}/npm)
-    set(handlebars_source ${npm_dir}/node_modules/handlebars/dist/handlebars.min.js)
-    set(d3_source ${npm_dir}/node_modules/d3/d3.min.js)
-    set(htmlparser_source ${npm_dir}/node_modules/htmlparser/lib/htmlparser.min.js)
-    set(package_files ${CMAKE_CURRENT_SOURCE_DIR}/package.json
-        ${CMAKE_CURRENT_SOURCE_DIR}/package-lock.json)
-    add_custom_command(OUTPUT ${handlebars_source} ${d3_source} ${htmlparser_source}
-        COMMAND ${CMAKE_COMMAND} -E make_directory ${npm_dir}
-        COMMAND ${CMAKE_COMMAND} -E copy ${package_files} ${npm_dir}
-        COMMAND ${NPM_EXECUTABLE} ci --prefix ${npm_dir} --omit=dev --omit=optional
-            --ignore-scripts --no-audit --no-fund --loglevel=error
-        COMMAND ${CMAKE_COMMAND} -E touch ${handlebars_source} ${d3_source} ${htmlparser_source}
-        DEPENDS ${package_files}
-        COMMENT "Fetching the third-party scripts")
-endif()
 
 # The chart is left out by pages that say so for browsers that can't draw it.
 file(WRITE ${generated}/d3-begin.js "if(!window.LTE_IE_8){\n")
@@ -41,12 +10,15 @@ set(handlebars_script ${generated}/handlebars.min-v4.0.5.js)
 set(d3_script ${generated}/d3.v3.min.js)
 set(htmlparser_script ${generated}/htmlparser.js)
 set(adapter ${custom}/htmlparser-builder.js)
+set(from ${third_party_dir})
 add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
-    COMMAND ${CMAKE_COMMAND} -E copy ${handlebars_source} ${handlebars_script}
-    COMMAND ${CMAKE_COMMAND} -E cat ${generated}/d3-begin.js ${d3_source} ${generated}/d3-end.js
-        > ${d3_script}
-    COMMAND ${CMAKE_COMMAND} -E cat ${htmlparser_source} ${adapter} > ${htmlparser_script}
-    DEPENDS ${handlebars_source} ${d3_source} ${htmlparser_source} ${adapter}
+    COMMAND ${CMAKE_COMMAND} -E cat ${notices}/handlebars.js ${from}/handlebars.min.js
+        > ${handlebars_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${notices}/d3.js ${generated}/d3-begin.js ${from}/d3.min.js
+        ${generated}/d3-end.js > ${d3_script}
+    COMMAND ${CMAKE_COMMAND} -E cat ${notices}/htmlparser.js ${from}/htmlparser.min.js ${adapter}
+        > ${htmlparser_script}
+    DEPENDS ${third_party_files} ${notice_files} ${adapter}
     VERBATIM)
 
 # Two of our own scripts and the style sheet are kept in several files.

@@ -1,0 +1,17 @@
+# Writes TO/NAME.js for each of NAMES: the licence FROM/NAME.LICENSE as a comment, or nothing if the
+# script FROM/NAME.min.js brings it along.
+foreach(name IN LISTS NAMES)
+    file(READ ${FROM}/${name}.LICENSE licence)
+    file(READ ${FROM}/${name}.min.js script)
+    if(NOT licence MATCHES "Copyright" OR licence MATCHES "[*]/|</script")
+        message(FATAL_ERROR "${FROM}/${name}.LICENSE is no licence that a script can hold")
+    endif()
+    string(REGEX REPLACE "[ \t\r\n]+" " " licence_words "${licence}")
+    string(REGEX REPLACE "[ \t\r\n]+" " " script_words "${script}")
+    string(FIND "${script_words}" "${licence_words}" found)
+    if(found EQUAL -1)
+        file(WRITE ${TO}/${name}.js "/*!\n${name}\n\n${licence}\n*/\n")
+    else()
+        file(WRITE ${TO}/${name}.js "")
+    endif()
+endforeach()
