@@ -3,7 +3,11 @@ find_package(Git QUIET)
 set(VANTREL_BUILD_ID "" CACHE STRING "Build identifier, twelve hexadecimal digits")
 set(build_id "${VANTREL_BUILD_ID}")
 if(NOT build_id AND Git_FOUND)
-    execute_process(COMMAND ${GIT_EXECUTABLE} rev-parse --short=12 HEAD
+    # A tree without a history of its own may lie in that of another project.
+    get_filename_component(above ${CMAKE_CURRENT_SOURCE_DIR} DIRECTORY)
+    execute_process(
+        COMMAND ${CMAKE_COMMAND} -E env GIT_CEILING_DIRECTORIES=${above}
+            ${GIT_EXECUTABLE} rev-parse --short=12 HEAD
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
         OUTPUT_VARIABLE build_id OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 endif()
