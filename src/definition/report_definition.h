@@ -46,7 +46,8 @@ public:
     /// is there. The logo and its link go back to the default ones. Parameters are those of load().
     ///
     /// @return false if the document is refused. What it changed before the place of its fault
-    ///         stays changed; one that is refused before its content is read changes nothing.
+    ///         stays changed; one that is refused before its sections are read changes the logo and
+    ///         its link at most.
     bool merge(const QByteArray& xml, const QUrl& url, const QString& schemaPath, QString* error,
                int messageMode);
     /// The same from a file. A file that can't be read gives a bare message.
