@@ -1,5 +1,5 @@
-// The exported interface. Each call checks its arguments in the told order, calls one member of
-// the report inside the guard, and returns its code.
+// The exported interface. A call that sets or writes looks at its handle and the latch, then calls
+// one member of the report inside the guard, and returns its code.
 #include "api/custom_report.h"
 #include "api/library_id.h"
 #include "api/process_setup.h"
