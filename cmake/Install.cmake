@@ -1,9 +1,11 @@
-# The header, the library, what others find it by (a CMake package and a pkg-config file), the
+# The header, the library and its module, what others find it by (a CMake package and a pkg-config file), the
 # default definition, the schema for editors, and the licences of what goes into pages.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
 install(TARGETS vantrel EXPORT vantrel-targets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS vantrel_explainer
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${VANTREL_MODULE_DIR})
 install(FILES include/vantrel.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT vantrel-targets NAMESPACE vantrel:: DESTINATION ${package_dir})
 

@@ -17,12 +17,26 @@
  *    free the report and create another one. Two failures don't latch: a null handle
  *    (#VANTREL_NULL_HANDLE) and a null output pointer (#VANTREL_NULL_OUTPUT).
  * 4. No C++ exception leaves a call.
- * 5. A handle belongs to one thread at a time, and two threads must not create reports at the
- *    same moment. The library starts no threads and runs no event loop; but the first definition
- *    that the schema refuses makes Qt's validator start two threads of its own.
+ * 5. Reports may be made, filled, written and freed in any threads at any time, also in several at
+ *    once and also from definitions that are refused, as long as each handle belongs to one thread
+ *    at a time. The library starts no threads and runs no event loop.
  * 6. The library works inside your process. If there is no QCoreApplication yet, the first
  *    vantrel_create() makes one, which stays until the process ends, and it leaves your locale as
  *    it was. The codec that Qt uses for local 8-bit text is set to UTF-8.
+ * 7. Nothing in a definition or a value reaches out of the process: no file, program, socket or
+ *    environment variable is named by it. The first definition that the schema refuses opens a
+ *    module that lies beside the library. Only in a process that uses Qt Network or Qt XML Patterns
+ *    itself does Qt then start a thread of its own, which has nothing to do.
+ * 8. While the process ends (exit handlers, destructors) reports that were made before can be
+ *    filled, written and freed. Once tables of Qt are gone, which is when the exit handlers run
+ *    that were registered before the first vantrel_create(), no report can be made: the handle is
+ *    null. Advice is refused with #VANTREL_EXCEPTION then.
+ * 9. After fork() both processes may go on with the reports that there are, and make others.
+ * 10. The first vantrel_create() needs two file descriptors and keeps one. With none free it gives
+ *    null. Later calls need none; a refused definition is explained in fewer words without one.
+ * 11. A text has at most 1073741760 bytes; longer ones are refused with #VANTREL_INVALID_TEXT and
+ *    never cut. Where memory ends, calls fail with #VANTREL_EXCEPTION or #VANTREL_OUT_OF_MEMORY and
+ *    vantrel_create() gives null; if that was the first one, none can be made in this process.
  */
 #ifndef VANTREL_H
 #define VANTREL_H
@@ -58,7 +72,7 @@ enum vantrel_code {
     VANTREL_UNKNOWN_SUMMARY_ENTRY = 6,
     /** A value that the report needs is missing, or can't be used. */
     VANTREL_MISSING_VALUE = 7,
-    /** A text isn't valid UTF-8, or advice has a tag that isn't allowed. */
+    /** A text isn't valid UTF-8 or is too long, or advice has a tag that isn't allowed. */
     VANTREL_INVALID_TEXT = 8,
     /** The number of processes is below 1, or the number of nodes below 0. */
     VANTREL_INVALID_COUNT = 9,
@@ -110,7 +124,7 @@ extern VANTREL_EXPORT char const* CORVANE_APPLICATION_DETAIL_EXE_NAME;
  * @param xmlLayout the definition itself, not a path. A null pointer gives a report in error.
  * @return a handle, to be released with vantrel_free(). Also a definition that can't be used gives
  *         a handle: ask vantrel_has_error(). Null only if the process has no application object
- *         and none could be made, or if memory ran out.
+ *         and none could be made, if memory ran out, or if the process is ending.
  */
 VANTREL_EXPORT vantrel* vantrel_create(char const* xmlLayout);
 

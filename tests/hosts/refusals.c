@@ -85,22 +85,28 @@ static void check_refusal(char const* text, char const* words)
     vantrel_free(report);
 }
 
-/* With no descriptor left the module can't be opened, but the refusal comes all the same. */
-static void check_without_descriptors(char const* words)
+static void allow_descriptors(int allowed)
 {
     struct rlimit limit;
     getrlimit(RLIMIT_NOFILE, &limit);
-    rlim_t const before = limit.rlim_cur;
-    limit.rlim_cur = 0;
+    limit.rlim_cur = allowed ? limit.rlim_max : 0;
     setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+/* With no descriptor left the module can't be opened, but the refusal comes all the same. */
+static void check_without_descriptors(char const* words)
+{
+    allow_descriptors(0);
     check_refusal(texts[0], words);
-    limit.rlim_cur = before;
-    setrlimit(RLIMIT_NOFILE, &limit);
+    allow_descriptors(1);
 }
 
 int main(int argc, char** argv)
 {
     int const hasModule = argc < 2 || strcmp(argv[1], "without-module") != 0;
+    allow_descriptors(0);
+    CHECK(vantrel_create(definition) == NULL);
+    allow_descriptors(1);
     vantrel_free(vantrel_create(definition));
     isMade = 1;
     int const descriptors = entries_of("/proc/self/fd");
