@@ -51,7 +51,8 @@ public:
 
 private:
     /// A document type's own declarations are tags of their own. Others can bring attributes as
-    /// defaults and inside of entities, so each "=" and each quote of them counts.
+    /// defaults and inside of entities, and the XML reader compares each declared attribute with all
+    /// others, so each "=", each quote and each "#" of them counts.
     bool skipDeclaration()
     {
         const bool isDocumentType =
@@ -59,7 +60,7 @@ private:
         char quote = '\0';
         for (; at != end && (quote || (*at != '>' && *at != '[')); ++at) {
             const bool isQuote = *at == '"' || *at == '\'';
-            if (!isDocumentType && (isQuote || *at == '='))
+            if (!isDocumentType && (isQuote || *at == '=' || *at == '#'))
                 ++declared;
             if (isQuote && (!quote || quote == *at))
                 quote = quote ? '\0' : *at;
