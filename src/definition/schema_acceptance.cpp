@@ -29,7 +29,7 @@ using Document = std::unique_ptr<xmlDoc, CallOf<&xmlFreeDoc>>;
 using SchemaParser = std::unique_ptr<xmlSchemaParserCtxt, CallOf<&xmlSchemaFreeParserCtxt>>;
 using Validator = std::unique_ptr<xmlSchemaValidCtxt, CallOf<&xmlSchemaFreeValidCtxt>>;
 
-/// Where messages go. Without a handler of a context they go to the one that the host may have set.
+/// Where messages go.
 struct Messages {
     bool isMemoryOut = false;
     const QUrl* place = nullptr; ///< of the document; null if the words aren't wanted
@@ -71,26 +71,31 @@ void throwIfMemoryOut(const Messages& messages)
         throw std::bad_alloc();
 }
 
-/// The host may use libxml2 too, so its last error in this thread is put back.
-class LastErrorKeeper {
+/// The host may use libxml2 too, so its last error and its handler in this thread are put back. In
+/// the meantime messages that belong to no context, such as those of memory, are taken too.
+class ErrorsOfHost {
 public:
-    LastErrorKeeper()
+    explicit ErrorsOfHost(Messages* messages)
     {
         if (auto* const last = xmlGetLastError())
             xmlCopyError(last, &kept);
+        xmlSetStructuredErrorFunc(messages, takeMessage);
     }
-    ~LastErrorKeeper()
+    ~ErrorsOfHost()
     {
+        xmlSetStructuredErrorFunc(context, handler);
         xmlResetLastError();
         if (kept.code != XML_ERR_OK)
             xmlCopyError(&kept, &xmlLastError);
         xmlResetError(&kept);
     }
-    LastErrorKeeper(const LastErrorKeeper&) = delete;
-    LastErrorKeeper& operator=(const LastErrorKeeper&) = delete;
+    ErrorsOfHost(const ErrorsOfHost&) = delete;
+    ErrorsOfHost& operator=(const ErrorsOfHost&) = delete;
 
 private:
     xmlError kept = {};
+    const xmlStructuredErrorFunc handler = xmlStructuredError;
+    void* const context = xmlStructuredErrorContext;
 };
 
 xmlSchema* parseSchema()
@@ -103,6 +108,7 @@ xmlSchema* parseSchema()
     const SchemaParser parser(
         orMemoryOut(xmlSchemaNewMemParserCtxt(file.text.constData(), file.text.size())));
     Messages messages;
+    const ErrorsOfHost errors(&messages);
     xmlSchemaSetParserStructuredErrors(parser.get(), takeMessage, &messages);
     xmlSchema* const schema = xmlSchemaParse(parser.get());
     throwIfMemoryOut(messages);
@@ -165,7 +171,7 @@ bool judge(const QByteArray& xml, Messages* messages)
     // Without it two threads can make libxml2's locks at once.
     static const bool isReady = (xmlInitParser(), true);
     Q_UNUSED(isReady)
-    const LastErrorKeeper keeper;
+    const ErrorsOfHost errors(messages);
     xmlSchema* const schema = keptSchema();
     const Document document = schema ? parse(xml, messages) : nullptr;
     if (!document)

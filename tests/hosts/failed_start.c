@@ -1,26 +1,11 @@
 /* The first create runs out of memory, at each of its first allocations in turn. What follows in
    the same process neither crashes nor hangs: it refuses, or it works. */
 #define _GNU_SOURCE
+#include "failing_malloc.h"
 #include "host.h"
 
-#include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-static long countdown = -1;
-
-static int fails(void)
-{
-    return countdown > 0 && --countdown == 0;
-}
-
-void* malloc(size_t size)
-{
-    static void* (*real)(size_t);
-    if (!real)
-        *(void**)&real = dlsym(RTLD_NEXT, "malloc");
-    return fails() ? NULL : real(size);
-}
 
 /* Gives what became of the first create: 0 a report, 1 none, 2 a crash in it. */
 static int first_result(long allocation, int* failed)
