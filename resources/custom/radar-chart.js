@@ -3,7 +3,6 @@
 var RadarChart = (function () {
     'use strict';
 
-    var GREY = '#808a99';
     var MIN_FONT_SIZE = 11;
     var LINE_HEIGHT = 1.05;
     var FADED_OPACITY = 0.1;
@@ -22,7 +21,8 @@ var RadarChart = (function () {
             radians: 2 * Math.PI,
             opacityArea: 0.5,
             color: d3.scale.category10(),
-            fontSize: 10
+            fontSize: 10,
+            format: String
         };
         for (var key in options) {
             if (Object.prototype.hasOwnProperty.call(options, key) && options[key] !== undefined) {
@@ -76,7 +76,7 @@ var RadarChart = (function () {
                     var angle = i * config.radians / geometry.total;
                     return [config.w / 2 - levelRadius * Math.sin(angle), config.h / 2 - levelRadius * Math.cos(angle)];
                 })))
-                .style({ 'fill': 'none', 'stroke': GREY, 'stroke-width': '0.5px' });
+                .style({ 'fill': 'none', 'stroke': 'grey', 'stroke-width': '0.5px' });
         }
     }
 
@@ -85,7 +85,7 @@ var RadarChart = (function () {
             .attr('class', 'radar-chart-axis')
             .attr({ x1: config.w / 2, y1: config.h / 2 })
             .attr({ x2: geometry.x(i, config.factor), y2: geometry.y(i, config.factor) })
-            .style({ 'stroke': GREY, 'stroke-width': '1px' });
+            .style({ 'stroke': 'grey', 'stroke-width': '1px' });
     }
 
     function anchorOf(side) {
@@ -217,9 +217,9 @@ var RadarChart = (function () {
     }
 
     // The chart in words, for those who can't see it.
-    function describe(data) {
+    function describe(data, format) {
         return data.map(function (series) {
-            return series.map(function (entry) { return entry.axis + ' ' + entry.value; }).join(', ');
+            return series.map(function (entry) { return entry.axis + ' ' + format(entry.value); }).join(', ');
         }).join('; ');
     }
 
@@ -231,7 +231,7 @@ var RadarChart = (function () {
 
         d3.select(id).select('svg').remove();
         var g = d3.select(id).append('svg')
-            .attr({ width: config.w, height: config.h, role: 'img', 'aria-label': describe(data) })
+            .attr({ width: config.w, height: config.h, role: 'img', 'aria-label': describe(data, config.format) })
             .append('g');
         drawLevels(g, config, geometry, axes);
         axes.forEach(function (axis, i) {

@@ -394,13 +394,16 @@ var vantrel = (function () {
         }
     };
 
+    function numberOr0(value) {
+        return isFiniteNumber(value) ? value : 0;
+    }
+
     function addAxis(radar, row, jsonData) {
         var value = vantrel.lookupMetric(row.metricId, jsonData);
-        var finite = isFiniteNumber(value) ? value : 0;
-        if (radar.maxAxis === null || finite > radar.data[radar.maxAxis].value) {
+        if (radar.maxAxis === null || numberOr0(value) > numberOr0(radar.data[radar.maxAxis].value)) {
             radar.maxAxis = radar.data.length;
         }
-        radar.data.push({ axis: row.chartLabel || row.heading, value: finite });
+        radar.data.push({ axis: row.chartLabel || row.heading, value: value });
         radar.axisColors.push(vantrel.computeColor(jsonData.colorData, row.colorName));
     }
 
@@ -419,6 +422,12 @@ var vantrel = (function () {
         };
     }
 
+    // As the summary shows it.
+    function formatShare(value) {
+        var text = vantrel.formatPercent(value);
+        return text === NOT_SUPPORTED ? text.trim() : text + '%';
+    }
+
     function makeRadarData(jsonData) {
         if (!jsonData || !jsonData.summaryData || !jsonData.summaryData.rows) {
             return null;
@@ -435,7 +444,8 @@ var vantrel = (function () {
                 radius: 0,
                 opacityArea: 0.64,
                 maxValue: 100,
-                color: constant('#bb58d6')
+                color: constant('#bb58d6'),
+                format: formatShare
             }
         };
         jsonData.summaryData.rows.forEach(function (row) {

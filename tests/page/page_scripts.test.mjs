@@ -111,29 +111,38 @@ test('the radar chart takes the first of the largest values and the colour of th
     assert.equal((await page.evaluate(radarOf, unbound)).color, 'rgb(0, 128, 0)');
 });
 
-test('the radar chart counts what is no number as 0 and draws each axis in its place', async () => {
+test('the radar chart draws rings, axes and values in their places', async () => {
     const page = await openPage('<div id="time_radar"></div>');
-    const drawn = await page.evaluate((doc) => {
+    const drawn = await page.evaluate(async (doc) => {
         const radar = vantrel.makeRadarData(doc);
         RadarChart.draw('#time_radar', [radar.data], radar.options);
         RadarChart.draw('#time_radar', [radar.data], radar.options);
-        const box = document.querySelector('#time_radar svg').getBoundingClientRect();
-        const labels = [0, 1, 2, 3].map((i) => document.querySelector(`.legend_axis${i}`));
-        return {
-            charts: document.querySelectorAll('#time_radar svg').length,
-            points: document.querySelector('polygon').getAttribute('points').split(' ')
-                .map((point) => point.split(',').map((each) => Math.round(each))),
-            anchors: labels.map((label) => label.getAttribute('text-anchor')),
-            inside: labels.map((label) => label.getBoundingClientRect()).every((each) =>
-                each.left >= box.left - 1 && each.right <= box.right + 1 &&
-                each.top >= box.top - 1 && each.bottom <= box.bottom + 1),
+        const all = (selector) => [...document.querySelectorAll(`#time_radar ${selector}`)];
+        const numbers = (text) => text.match(/[\d.]+/g).map(Number).map(Math.round);
+        const polygon = all('polygon')[0];
+        const opacityAfter = async (event) => {
+            polygon.dispatchEvent(new MouseEvent(event));
+            await new Promise((done) => { setTimeout(done, 500); });
+            return polygon.style.fillOpacity;
         };
-    }, makeDocument([100, null, 50, -20]));
+        return {
+            names: all('svg').map((svg) => svg.getAttribute('aria-label')),
+            points: numbers(polygon.getAttribute('points')),
+            rings: all('path').map((path) => numbers(path.getAttribute('d')).slice(0, 4)),
+            axes: all('line').map((line) => ['x2', 'y2'].map((each) => Math.round(line.getAttribute(each)))),
+            strokes: [...new Set(all('path, line').map((each) => each.style.stroke))],
+            anchors: all('[class^="legend_axis"]').map((label) => label.getAttribute('text-anchor')),
+            opacities: [await opacityAfter('mouseover'), await opacityAfter('mouseout')],
+        };
+    }, makeDocument([99.96, null, 50.04, -20]));
     assert.deepEqual(drawn, {
-        charts: 1,
-        points: [[100, 30], [100, 100], [100, 135], [100, 100]],
+        names: ['Heading 0 100.0%, Heading 1 not supported, Heading 2 50.0%, Heading 3 -20.0%'],
+        points: [100, 30, 100, 100, 100, 135, 100, 100],
+        rings: [[100, 77, 77, 100], [100, 53, 53, 100], [100, 30, 30, 100]],
+        axes: [[100, 30], [30, 100], [100, 170], [170, 100]],
+        strokes: ['grey'],
         anchors: ['middle', 'start', 'middle', 'end'],
-        inside: true,
+        opacities: ['0.7', '0.64'],
     });
 });
 
