@@ -4,7 +4,9 @@ var RadarChart = (function () {
     'use strict';
 
     var MIN_FONT_SIZE = 11;
-    var LINE_HEIGHT = 1.05;
+    var TINY_FONT_SIZE = 4;
+    var LINE_GAP = 1;
+    var COLUMN_GAP = 4;
     var FADED_OPACITY = 0.1;
     var RAISED_OPACITY = 0.7;
 
@@ -95,84 +97,175 @@ var RadarChart = (function () {
         return side > 0.6 ? 'end' : 'middle';
     }
 
-    function widthOf(text) {
-        return text.node().getComputedTextLength();
+    // ---- labels
+
+    // At the sides, labels of one height share the width if that leaves each of them enough.
+    function roomOf(config, x, anchor) {
+        if (anchor === 'middle') {
+            return 2 * Math.min(x, config.w - x);
+        }
+        var toCentre = Math.abs(config.w / 2 - x) - COLUMN_GAP / 2;
+        return toCentre < config.w * 0.4 ? config.w / 2 - 4 : toCentre;
     }
 
-    // Two lines, broken at the blank or behind the hyphen that leaves the halves most alike.
+    // The text stays whole until it is written, and all that is to be known of it is measured before.
+    function makeLabel(g, config, geometry, i, name) {
+        var text = g.append('text')
+            .attr('class', 'legend_axis' + i)
+            .attr('text-anchor', anchorOf(geometry.side(i)))
+            .attr({ x: geometry.x(i, config.factorLegend), y: geometry.y(i, config.factorLegend) })
+            .style('font-size', config.fontSize + 'px')
+            .text(name);
+        var box = text.node().getBBox();
+        var label = {
+            text: text,
+            name: name,
+            x: +text.attr('x'),
+            y: +text.attr('y'),
+            anchor: text.attr('text-anchor'),
+            ascent: (+text.attr('y') - box.y) / config.fontSize,
+            height: box.height / config.fontSize,
+            // Of a part of the name, in terms of the font size; nothing where the page isn't shown.
+            width: function (start, end) {
+                var isMeasurable = end > start && start < text.node().getNumberOfChars();
+                return isMeasurable ? text.node().getSubStringLength(start, end - start) / config.fontSize : 0;
+            }
+        };
+        label.room = roomOf(config, label.x, label.anchor);
+        return label;
+    }
+
+    // Where the name is broken in two: at the blank or behind the hyphen that leaves the lines most alike.
     function halves(label) {
+        var end = label.name.length;
         var best = null;
-        for (var i = 1; i < label.length; i++) {
-            if (label.charAt(i) === ' ' || label.charAt(i - 1) === '-') {
-                var longer = Math.max(i, label.length - i);
+        for (var i = 1; i < end; i++) {
+            var isBlank = label.name.charAt(i) === ' ';
+            if (isBlank || label.name.charAt(i - 1) === '-') {
+                var next = isBlank ? i + 1 : i;
+                var longer = Math.max(label.width(0, i), label.width(next, end));
                 if (!best || longer < best.longer) {
-                    best = { longer: longer, lines: [label.slice(0, i), label.slice(i).replace(/^ +/, '')] };
+                    best = { longer: longer, lines: [{ start: 0, end: i }, { start: next, end: end }] };
                 }
             }
         }
-        return best ? best.lines : [label];
+        return best ? best.lines : [{ start: 0, end: end }];
     }
 
-    function shorten(text, label, available) {
-        var low = 1;
-        var high = label.length;
+    // An ellipsis is about as wide as its letters are high.
+    function widthOf(label, line) {
+        return label.size * (label.width(line.start, line.end) + (line.isShort ? 1 : 0));
+    }
+
+    function shorten(label, line) {
+        var low = line.start + 1;
+        var high = line.end;
         while (low < high) {
             var middle = Math.ceil((low + high) / 2);
-            text.text(label.slice(0, middle) + '\u2026');
-            if (widthOf(text) <= available) {
+            if (widthOf(label, { start: line.start, end: middle, isShort: true }) <= label.room) {
                 low = middle;
             } else {
                 high = middle - 1;
             }
         }
-        // Not between the two halves of one character.
-        return label.slice(0, low).replace(/[\uD800-\uDBFF]$/, '') + '\u2026';
+        return { start: line.start, end: low, isShort: true };
     }
 
-    // A label that is too long is broken in two, then set smaller, then shortened.
-    function fitLabel(text, label, available, fontSize) {
-        function longest(lines) {
-            return Math.max.apply(null, lines.map(function (line) {
-                return widthOf(text.text(line));
-            }));
+    function longest(label) {
+        return d3.max(label.lines, widthOf.bind(null, label));
+    }
+
+    // A label that is too long is broken in two if it may be, then set smaller, then shortened.
+    function fitLabel(label, size, isBreakable) {
+        label.size = size;
+        label.lines = [{ start: 0, end: label.name.length }];
+        if (longest(label) > label.room) {
+            label.lines = isBreakable ? halves(label) : label.lines;
+            label.size = Math.max(Math.min(size, MIN_FONT_SIZE), Math.min(size, size * label.room / longest(label)));
+            label.lines = label.lines.map(function (line) {
+                return widthOf(label, line) > label.room + 0.5 ? shorten(label, line) : line;
+            });
         }
-        if (longest([label]) <= available) {
-            return [label];
-        }
-        var lines = halves(label);
-        var size = Math.max(Math.min(fontSize, MIN_FONT_SIZE), Math.min(fontSize, fontSize * available / longest(lines)));
-        text.style('font-size', size + 'px');
-        return lines.map(function (line) {
-            return widthOf(text.text(line)) <= available + 0.5 ? line : shorten(text, line, available);
+        label.breadth = longest(label);
+        label.depth = label.lines.length * label.height * label.size + LINE_GAP;
+    }
+
+    function leftOf(label) {
+        return label.x - label.breadth * { start: 0, middle: 0.5, end: 1 }[label.anchor];
+    }
+
+    function collide(a, b) {
+        return leftOf(a) < leftOf(b) + b.breadth + COLUMN_GAP && leftOf(b) < leftOf(a) + a.breadth + COLUMN_GAP;
+    }
+
+    // Moves labels, sorted by height, down out of each other's way, then up from the edge; false if
+    // that pushes one out at the top.
+    function placeLabels(labels, height) {
+        labels.forEach(function (label, i) {
+            label.top = Math.max(0, label.y - label.ascent * label.size);
+            labels.slice(0, i).filter(collide.bind(null, label)).forEach(function (above) {
+                label.top = Math.max(label.top, above.top + above.depth);
+            });
         });
+        for (var i = labels.length - 1; i >= 0; i--) {
+            var label = labels[i];
+            label.top = labels.slice(i + 1).filter(collide.bind(null, label)).reduce(function (top, below) {
+                return Math.min(top, below.top - label.depth);
+            }, Math.min(label.top, height - label.depth));
+        }
+        return labels.every(function (each) { return each.top >= 0; });
     }
 
-    // Labels that share a height share the width; at the top and the bottom there is one for all of it.
-    function availableWidth(config, geometry, i) {
-        return anchorOf(geometry.side(i)) === 'middle' ? config.w : config.w / 2 - 4;
-    }
-
-    // At the edge, turned inward, and moved down or up where it would stick out.
-    function drawLabel(g, config, geometry, i, label) {
-        var x = geometry.x(i, config.factorLegend);
-        var y = geometry.y(i, config.factorLegend);
-        var text = g.append('text')
-            .attr('class', 'legend_axis' + i)
-            .attr('text-anchor', anchorOf(geometry.side(i)))
-            .attr({ x: x, y: y })
-            .style('font-size', config.fontSize + 'px');
-        var lines = fitLabel(text, label, availableWidth(config, geometry, i), config.fontSize);
-        var size = parseFloat(text.style('font-size'));
-        var rise = (lines.length - 1) * size * LINE_HEIGHT;
-        var top = Math.max(size, Math.min(y, config.h - rise - size * 0.3));
-        text.text(null).attr('y', top);
-        lines.forEach(function (line, n) {
-            text.append('tspan').attr({ x: x, y: top + n * size * LINE_HEIGHT }).text(line);
+    // The lines one below the other; what separates them is still there for those who read or copy the text.
+    function writeLabel(label) {
+        var top = label.top + label.ascent * label.size;
+        label.text.text(null).attr('y', top).style('font-size', label.size + 'px');
+        label.lines.forEach(function (line, n) {
+            if (n > 0 && label.name.charAt(line.start - 1) === ' ') {
+                label.text.append('tspan').style('font-size', 0).text(' ');
+            }
+            // Not between the two halves of one character.
+            var words = label.name.slice(line.start, line.end);
+            label.text.append('tspan')
+                .attr({ x: label.x, y: top + n * label.height * label.size })
+                .text(line.isShort ? words.replace(/[\uD800-\uDBFF]$/, '') + '\u2026' : words);
         });
-        if (lines.join(' ') !== label) {
-            text.append('svg:title').text(label);
+        if (label.lines.some(function (line) { return line.isShort; })) {
+            label.text.append('svg:title').text(label.name);
         }
     }
+
+    // All as large as they are told to be and broken in two where they must; where that is too much for
+    // the chart, smaller, then in one line each, then smaller still.
+    function drawLabels(g, config, geometry, axes) {
+        var labels = axes.map(function (axis, i) {
+            return makeLabel(g, config, geometry, i, String(axis.axis).replace(/[ \t\r\n\f]+/g, ' ').trim());
+        }).sort(function (a, b) { return a.y - b.y; });
+
+        function fitAll(size, isBreakable) {
+            labels.forEach(function (label) {
+                fitLabel(label, size, isBreakable);
+            });
+            return placeLabels(labels, config.h);
+        }
+
+        function fitFrom(largest, smallest, isBreakable) {
+            for (var size = largest; size >= smallest; size--) {
+                if (fitAll(size, isBreakable)) {
+                    return true;
+                }
+            }
+            return false;
+        }
+
+        var smallest = Math.min(config.fontSize, MIN_FONT_SIZE);
+        if (!fitFrom(config.fontSize, smallest, true)) {
+            fitFrom(config.fontSize, Math.min(smallest, TINY_FONT_SIZE), false);
+        }
+        labels.forEach(writeLabel);
+    }
+
+    // ---- series
 
     function drawSeries(g, config, geometry, series, number) {
         var points = series.map(function (entry, i) {
@@ -240,9 +333,7 @@ var RadarChart = (function () {
         var points = data.map(function (series, number) {
             return drawSeries(g, config, geometry, series, number);
         });
-        axes.forEach(function (axis, i) {
-            drawLabel(g, config, geometry, i, String(axis.axis));
-        });
+        drawLabels(g, config, geometry, axes);
         var tooltip = g.append('text').style({ 'opacity': 0, 'font-family': 'sans-serif', 'font-size': '13px' });
         data.forEach(function (series, number) {
             drawCircles(g, config, series, number, points[number], tooltip);
