@@ -1,4 +1,5 @@
-// The report's helpers as templates call them, and their registration.
+// The report's helpers as templates call them, their registration, and what is done to the page once
+// it is there.
 
 vantrel.templateHelpers = (function () {
     'use strict';
@@ -76,9 +77,42 @@ vantrel.templateHelpers.csvEscape = function (value) {
 
 ReportEngine.registerHelpers({ all: vantrel.templateHelpers });
 
+vantrel.finishPage = (function () {
+    'use strict';
+
+    // The remote image may take for ever to come. A preload holds up neither the page's load event nor
+    // its print, as the image itself would.
+    function showCopy(image, logo) {
+        var remote = document.createElement('link');
+        remote.rel = 'preload';
+        remote.as = 'image';
+        remote.href = logo.image;
+        remote.onload = function () {
+            image.src = logo.image;
+        };
+        document.head.appendChild(remote);
+        image.removeAttribute('loading');
+        image.src = logo.altData;
+    }
+
+    function showLogoCopies(logos) {
+        var images = document.querySelectorAll('#logo img');
+        logos.forEach(function (logo, i) {
+            if (logo.altData && images[i]) {
+                showCopy(images[i], logo);
+            }
+        });
+    }
+
+    return function (jsonData) {
+        showLogoCopies((jsonData.brandingData || {}).logos || []);
+    };
+}());
+
 if (document) {
     ReportEngine.afterRender(vantrel.setDocumentTitleFromTemplate);
     ReportEngine.afterRender(function (jsonData) {
+        vantrel.finishPage(jsonData);
         if (jsonData.colorData) {
             vantrel.makeCssColorRules(jsonData.colorData);
         }

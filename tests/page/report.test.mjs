@@ -9,6 +9,7 @@ import { launchBrowser } from './browser.mjs';
 
 const folder = process.env.VANTREL_PAGES;
 const axeSource = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
+const logoAddress = 'https://www.corvane.example/downloads/vantrel-logo-50.png';
 
 let browser;
 before(async () => { browser = await launchBrowser(); });
@@ -18,7 +19,7 @@ after(() => browser?.close());
 // #2e7d32 as rgb(45, 123, 49).
 
 // Opens a page and notes what it asks for and complains of. Remote logos can't be had here.
-async function open(name, options = {}) {
+async function open(name, options = {}, answer = (route) => route.abort()) {
     const page = await browser.newPage(options);
     page.requests = [];
     page.problems = [];
@@ -30,9 +31,9 @@ async function open(name, options = {}) {
             return route.continue();
         }
         page.requests.push(url);
-        return route.abort();
+        return answer(route);
     });
-    await page.goto(pathToFileURL(join(folder, name)).href, { waitUntil: 'load' });
+    await page.goto(pathToFileURL(join(folder, name)).href, { waitUntil: 'load', timeout: 10000 });
     return page;
 }
 
@@ -65,9 +66,8 @@ describe('a typical page', () => {
     before(async () => { page = await open('typical.html'); });
 
     test('asks for nothing but the logo and has no errors', async () => {
-        assert.deepEqual(page.requests, ['https://www.corvane.example/downloads/vantrel-logo-50.png']);
+        assert.deepEqual(page.requests, [logoAddress]);
         assert.deepEqual(page.problems, []);
-        assert.match(await page.$eval('#logo img', (image) => image.src), /^data:image\/png;base64,/);
         assert.equal(await page.title(), 'typical - Vantrel');
     });
 
@@ -134,6 +134,22 @@ describe('a typical page', () => {
         }
         assert.ok(page.url().endsWith('typical.html'));
     });
+});
+
+test('a logo shows as its copy at once, and as the remote image if that comes', async () => {
+    let asked;
+    const answer = new Promise((resolve) => { asked = resolve; });
+    const page = await open('typical.html', {}, asked);
+    const route = await answer;
+    const shown = () => page.$eval('#logo img', (image) => image.naturalWidth > 0 && image.src.replace(/,.*/, ''));
+    assert.equal(await shown(), 'data:image/png;base64');
+    const started = Date.now();
+    await page.pdf();
+    assert.ok(Date.now() - started < 1500, `${Date.now() - started} ms`);
+    const [, image] = (await page.$eval('#logo img', (one) => one.src)).split(',');
+    await route.fulfill({ contentType: 'image/png', body: Buffer.from(image, 'base64') });
+    await page.waitForFunction((address) => document.querySelector('#logo img').src === address, logoAddress);
+    assert.equal(await shown(), logoAddress);
 });
 
 test('hostile texts show as typed and nothing runs', async () => {
