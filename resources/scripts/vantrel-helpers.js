@@ -80,6 +80,10 @@ ReportEngine.registerHelpers({ all: vantrel.templateHelpers });
 vantrel.finishPage = (function () {
     'use strict';
 
+    var METRICS_OF_LONG_PAGE = 1000;
+    var METRICS_AT_ONCE = 40;
+    var SECTIONS_AT_ONCE = 12;
+
     // The remote image may take for ever to come. A preload holds up neither the page's load event nor
     // its print, as the image itself would.
     function showCopy(image, logo) {
@@ -104,7 +108,66 @@ vantrel.finishPage = (function () {
         });
     }
 
+    function metricsIn(element) {
+        return element.getElementsByClassName('metricDetail').length;
+    }
+
+    // Sections that wait take the room that those which show take for as many metrics.
+    function keepRoom(shown, waiting) {
+        var heading = 4;
+        var height = 0;
+        var rows = 0;
+        shown.forEach(function (section) {
+            height += section.offsetHeight;
+            rows += heading + metricsIn(section);
+        });
+        waiting.forEach(function (section) {
+            var room = Math.round(height / rows * (heading + metricsIn(section)));
+            section.style.containIntrinsicSize = 'auto ' + room + 'px';
+        });
+    }
+
+    function showFirst(waiting, metrics) {
+        for (var shown = 0; waiting.length && shown < metrics; shown += metricsIn(waiting.shift())) {
+            waiting[0].className = 'subsection';
+        }
+    }
+
+    // Some at a time, so that nobody notices; all at once for what shows the whole page, which makes
+    // the window as large as that.
+    function showInTime(waiting) {
+        function onResize() {
+            showFirst(waiting, Infinity);
+        }
+        function onIdle() {
+            showFirst(waiting, METRICS_AT_ONCE);
+            if (waiting.length) {
+                window.requestIdleCallback(onIdle);
+            } else {
+                window.removeEventListener('resize', onResize);
+            }
+        }
+        window.addEventListener('resize', onResize);
+        window.requestIdleCallback(onIdle);
+    }
+
+    // Style and layout of a very long report take longer than all else. What lies below the window
+    // has its turn when the page shows.
+    function deferSections() {
+        if (metricsIn(document) < METRICS_OF_LONG_PAGE || !window.requestIdleCallback) {
+            return;
+        }
+        var sections = Array.prototype.slice.call(document.querySelectorAll('.subsection'));
+        var waiting = sections.slice(SECTIONS_AT_ONCE);
+        waiting.forEach(function (section) {
+            section.className += ' waiting';
+        });
+        keepRoom(sections.slice(0, SECTIONS_AT_ONCE), waiting);
+        showInTime(waiting);
+    }
+
     return function (jsonData) {
+        deferSections();
         showLogoCopies((jsonData.brandingData || {}).logos || []);
     };
 }());
@@ -112,10 +175,10 @@ vantrel.finishPage = (function () {
 if (document) {
     ReportEngine.afterRender(vantrel.setDocumentTitleFromTemplate);
     ReportEngine.afterRender(function (jsonData) {
-        vantrel.finishPage(jsonData);
         if (jsonData.colorData) {
             vantrel.makeCssColorRules(jsonData.colorData);
         }
+        vantrel.finishPage(jsonData);
     });
     if (vantrel.makeRadarData) {
         ReportEngine.afterRender(function (jsonData) {

@@ -151,6 +151,26 @@ Page makeRows(const std::vector<std::string>& names, const std::vector<double>& 
     return page;
 }
 
+/// A page of 60 sections of unlike lengths, more than a thousand metrics in all.
+Page makeSections()
+{
+    Page page = makeRows({"A", "B", "C"}, {50, 30, 20});
+    std::string sections = "<subsections>";
+    for (int i = 0; i < 60; ++i) {
+        const std::string number = std::to_string(i);
+        sections += "<subsection id=\"s" + number + "\" heading=\"Section " + number + "\"><text>";
+        for (int words = 0; words < i % 7 * 10; ++words)
+            sections += "word ";
+        sections += "</text>";
+        for (int j = 0; j < 5 + i % 28; ++j)
+            sections += "<entry reportMetric=\"m" + std::to_string(j % 3) + "\"/>";
+        sections += "</subsection>";
+    }
+    page.definition.resize(page.definition.find("<subsections>"));
+    page.definition += sections + "</subsections></report>";
+    return page;
+}
+
 /// Texts that would do harm if they were taken for anything but texts.
 const std::vector<std::string> hostileTexts = {
     "</script><script>window.hacked = 1</script>",
@@ -187,6 +207,7 @@ int main(int argc, char** argv)
     write(makeTypical(), folder + "typical.html");
     write(makeLong(), folder + "long.html");
     write(makeHostile(), folder + "hostile.html");
+    write(makeSections(), folder + "sections.html");
     write(makeRows({"A", "B"}, {25, 25}), folder + "two_rows.html");
     write(makeRows({"A", "B", "C", "D"}, {nan, infinity, -infinity, 25}),
           folder + "non_finite.html");

@@ -19,8 +19,9 @@ after(() => browser?.close());
 // #2e7d32 as rgb(45, 123, 49).
 
 // Opens a page and notes what it asks for and complains of. Remote logos can't be had here.
-async function open(name, options = {}, answer = (route) => route.abort()) {
+async function open(name, { init = () => {}, ...options } = {}, answer = (route) => route.abort()) {
     const page = await browser.newPage(options);
+    await page.addInitScript(init);
     page.requests = [];
     page.problems = [];
     page.on('pageerror', (error) => page.problems.push(error.message));
@@ -208,6 +209,45 @@ for (const name of ['typical.html', 'default.html', 'hostile.html', 'two_rows.ht
         assert.deepEqual(serious, []);
     });
 }
+
+// In a page of many sections, with idle time that comes when the test says so.
+const holdIdle = () => {
+    window.idle = [];
+    window.requestIdleCallback = (fn) => window.idle.push(fn);
+};
+const waiting = (page) => page.$$eval('.subsection > h2', (all) =>
+    all.filter((one) => !one.checkVisibility({ contentVisibilityAuto: true })).length);
+
+test('a very long page keeps its height while it is scrolled and its sections have their turn', async () => {
+    const page = await open('sections.html', { init: holdIdle });
+    assert.ok(await waiting(page) > 40);
+    const heights = await page.evaluate(async () => {
+        const all = [];
+        const note = () => new Promise((done) => {
+            requestAnimationFrame(() => setTimeout(() => done(all.push(document.documentElement.scrollHeight))));
+        });
+        for (let i = 0; i < 20; i += 1) {
+            window.scrollTo(0, i / 20 * document.documentElement.scrollHeight);
+            await note();
+        }
+        for (let fn = window.idle.pop(); fn; fn = window.idle.pop()) {
+            fn();
+        }
+        await note();
+        return all;
+    });
+    assert.equal(await waiting(page), 0);
+    assert.ok(Math.max(...heights) < 1.03 * Math.min(...heights), heights.join());
+});
+
+test('a picture and a print of a very long page show all of it at once', async () => {
+    const page = await open('sections.html', { init: holdIdle });
+    await page.emulateMedia({ media: 'print' });
+    assert.equal(await waiting(page), 0);
+    await page.emulateMedia({ media: 'screen' });
+    await page.screenshot({ fullPage: true });
+    assert.equal(await waiting(page), 0);
+});
 
 test('print shows all details', async () => {
     const page = await open('typical.html');
