@@ -111,10 +111,16 @@ Page makeLong()
     Page page = makeTypical();
     page.exeName = word;
     page.commandLine = "mpirun " + word + " --an-option=" + word;
+    page.notes = word;
+    page.values[4].second = std::numeric_limits<double>::quiet_NaN();
+    page.values[6].second = 1e30;
     const std::pair<std::string, std::string> changes[] = {
         {"The run of", word},
         {"All of it.", word + " and all of it."},
-        {"displayName=\"Compute\"", "displayName=\"" + word + '"'},
+        {"Opens", word},
+        {"Second", word},
+        {"\"Compute\"", '"' + word + '"'},
+        {"B/s", word},
         {"Read rate", "A name of many words that goes on and on and is longer than a column"}};
     for (const auto& [from, to] : changes)
         page.definition.replace(page.definition.find(from), from.size(), to);

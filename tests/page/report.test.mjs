@@ -190,7 +190,7 @@ test('values that are no numbers show as not supported', async () => {
 });
 
 for (const name of ['typical.html', 'long.html', 'hostile.html']) {
-    for (const width of [1200, 800, 380]) {
+    for (const width of [1200, 800, 320]) {
         test(`${name} fits a window of ${width} pixels`, async () => {
             const page = await open(name, { viewport: { width, height: 800 } });
             const overflow = await page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
