@@ -18,6 +18,8 @@ struct Page {
     std::string exeName = "app";
     std::string notes;
     std::string commandLine;
+    std::string path;
+    std::string advice; ///< of the run, of the entry row.network and of the section s1
 };
 
 void check(vantrel* report, int code)
@@ -40,6 +42,14 @@ void write(const Page& page, const std::string& path)
     set(CORVANE_APPLICATION_DETAIL_EXE_NAME, page.exeName);
     set(CORVANE_APPLICATION_DETAIL_NOTES, page.notes);
     set(CORVANE_APPLICATION_DETAIL_COMMAND_LINE, page.commandLine);
+    set(CORVANE_APPLICATION_DETAIL_EXE_PATH, page.path);
+    if (!page.advice.empty()) {
+        const auto advise = [&](const char* place) { return page.advice + ' ' + place; };
+        check(report, vantrel_set_dominant_metric_advice(report, advise("run").c_str()));
+        check(report,
+              vantrel_set_summary_entry_advice(report, "row.network", advise("network").c_str()));
+        check(report, vantrel_set_section_advice(report, "s1", advise("first").c_str()));
+    }
     check(report, vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 16));
     char* html = nullptr;
     check(report, vantrel_write_html(report, &html));
@@ -98,6 +108,9 @@ Page makeTypical()
         </subsection>)";
     Page page;
     page.exeName = "typical";
+    page.notes = "one <line>\n  and another";
+    page.path = "/home/ada/runs/typical";
+    page.advice = "<em>R\xc3\xa9\x64uire</em> \xe2\x80\x93 \xe6\xb8\x9b";
     page.definition = makeDefinition(metrics, summary, subsections);
     page.values = {{"compute", 60.04}, {"network", 30}, {"storage", 9.96},        {"plain", 0},
                    {"read", 2.5e6},    {"write", 5e6},  {"memory", 3221225472.0}, {"same", 12}};
@@ -111,7 +124,7 @@ Page makeLong()
     Page page = makeTypical();
     page.exeName = word;
     page.commandLine = "mpirun " + word + " --an-option=" + word;
-    page.notes = word;
+    page.notes = page.advice = page.path = word;
     page.values[4].second = std::numeric_limits<double>::quiet_NaN();
     page.values[6].second = 1e30;
     const std::pair<std::string, std::string> changes[] = {

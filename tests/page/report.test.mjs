@@ -73,8 +73,11 @@ describe('a typical page', () => {
     });
 
     test('shows the header rows that have a value and the visible summary rows', async () => {
-        assert.deepEqual(await texts(page, '#applicationDetails tr'),
-            ['Executable: typical', 'Tasks: 16 processes', 'Total time: 0 seconds']);
+        assert.deepEqual(await texts(page, '#applicationDetails tr'), [
+            'Executable: typical', 'Tasks: 16 processes', 'Total time: 0 seconds',
+            'Full path: /\u200bhome/\u200bada/\u200bruns/\u200btypical', 'Notes: one <line> and another',
+        ]);
+        assert.equal(await page.locator('#applicationDetails td').last().innerText(), 'one <line>\nand another');
         assert.deepEqual(await texts(page, '#summary h2'), ['Compute', 'Network', 'Storage', 'No colour']);
         assert.deepEqual(await texts(page, '#summary td.percent'), ['60.0%', '30.0%', '10.0%', '0.0%']);
         const widths = await page.$$eval('#summary .bar > div', (bars) => bars.map((bar) => bar.style.width));
