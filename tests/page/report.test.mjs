@@ -111,6 +111,18 @@ describe('a typical page', () => {
         assert.equal(await color(page, '#subsection-first h2'), 'rgb(195, 40, 40)');
     });
 
+    test('lets a path be copied without the places to break it', async () => {
+        await page.evaluate(() => {
+            window.addEventListener('copy', (event) => {
+                window.copied = ['plain', 'html'].map((each) => event.clipboardData.getData(`text/${each}`));
+            });
+            const cells = [...document.querySelectorAll('#applicationDetails td')];
+            getSelection().selectAllChildren(cells.find((cell) => cell.textContent.startsWith('/')));
+        });
+        await page.keyboard.press('Control+C');
+        assert.deepEqual(await page.evaluate(() => window.copied), Array(2).fill('/home/ada/runs/typical'));
+    });
+
     test('draws the radar chart', async () => {
         const labels = await texts(page, '#time_radar [class^="legend_axis"]');
         assert.deepEqual(labels, ['Compute', 'Net', 'Storage', 'No colour']);
