@@ -214,14 +214,29 @@ for (const name of ['typical.html', 'long.html', 'hostile.html']) {
     }
 }
 
-for (const name of ['typical.html', 'default.html', 'hostile.html', 'two_rows.html']) {
-    test(`axe-core finds nothing serious in ${name}`, async () => {
-        const page = await open(name);
+const forced = ['light', 'dark'].map((colorScheme) => ({ forcedColors: 'active', colorScheme }));
+for (const [name, options] of [['typical.html'], ['default.html'], ['hostile.html'], ['two_rows.html'],
+    ...forced.map((each) => ['default.html', each])]) {
+    test(`axe-core finds nothing serious in ${name} ${options?.colorScheme ?? ''}`, async () => {
+        const page = await open(name, options);
         await page.addScriptTag({ path: axeSource });
         const serious = await page.evaluate(async () => (await window.axe.run()).violations
             .filter((one) => one.impact === 'serious' || one.impact === 'critical')
             .map((one) => `${one.id}: ${one.nodes.map((node) => node.target).join(' ')}`));
         assert.deepEqual(serious, []);
+    });
+}
+
+for (const options of forced) {
+    test(`bars and chart are seen in forced colours, ${options.colorScheme}`, async () => {
+        const page = await open('default.html', options);
+        const canvas = await color(page, 'html', 'backgroundColor');
+        assert.equal(await color(page, 'td.bar', 'borderLeftColor'), canvas);
+        for (const bar of ['#summary .bar > div', 'td.bar > div']) {
+            assert.notEqual(await color(page, bar, 'backgroundColor'), canvas);
+        }
+        assert.equal(await color(page, '#time_radar text', 'stroke'), canvas);
+        assert.equal(await color(page, '#time_radar text', 'fill'), await color(page, 'body'));
     });
 }
 
