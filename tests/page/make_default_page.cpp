@@ -1,4 +1,4 @@
-// Renders a metric data file with the default definition, and nothing else.
+// Renders a metric data file with the default definition, and with an error in a section of it.
 #include "definition/default_definition.h"
 #include "definition/report_definition.h"
 #include "definition/schema_file.h"
@@ -30,6 +30,7 @@ int main(int argc, char** argv)
     QFile data(argv[2]);
     ReportSections sections;
     if (!definition || !store.readFile(data, &error) ||
+        !store.setValue("io.rateError", "No <b>rates</b> &amp; shares") ||
         !makeReportSections(*definition, &sections, &error)) {
         std::cerr << error.toStdString() << '\n';
         return 1;

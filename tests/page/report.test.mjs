@@ -59,7 +59,8 @@ test('the default definition makes a whole page of a metric data file', async ()
     const values = await texts(page, '.metric_chart_table tr:not(.spacer) td:nth-child(2)');
     assert.equal(values.length, 46);
     assert.ok(values.every((value) => /^[\d.]+ ?(%|W|[kM]J|[kM]?B\/s|GiB)$/.test(value)), values.join(', '));
-    await page.close();
+    // The other sections' error metrics are empty.
+    assert.deepEqual(await texts(page, '.errors > *'), ['No <b>rates</b> &amp; shares']);
 });
 
 describe('a typical page', () => {
@@ -109,6 +110,12 @@ describe('a typical page', () => {
         }
         assert.equal(await color(page, '#subsection-metric-compute .right_cell span'), 'rgb(0, 0, 255)');
         assert.equal(await color(page, '#subsection-first h2'), 'rgb(195, 40, 40)');
+    });
+
+    test('shows the advice of the run, of a row and of a section', async () => {
+        const advice = (await texts(page, '#summary p, .explanation')).filter(Boolean);
+        assert.deepEqual(advice, ['network', 'run', 'first'].map((place) => `R\u00e9duire \u2013 \u6e1b ${place}`));
+        assert.equal(await page.$$eval('p em, .explanation em', (all) => all.length), 3);
     });
 
     test('lets a path be copied without the places to break it', async () => {
