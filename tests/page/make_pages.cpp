@@ -117,7 +117,7 @@ Page makeTypical()
     return page;
 }
 
-/// The typical page with long words and names.
+/// The typical page with long words and names, and a logo of its own.
 Page makeLong()
 {
     const std::string word(120, 'w');
@@ -130,7 +130,9 @@ Page makeLong()
     const std::pair<std::string, std::string> changes[] = {
         {"The run of", word},
         {"All of it.", word + " and all of it."},
-        {"Opens", word},
+        {"Opens", word + ' ' + word + ' ' + word + ' ' + word + ' ' + word},
+        {"\"Page\"",
+         "\"Page\" logo=\"https://own.example/logo.png\" logoLink=\"https://own.example/\""},
         {"Second", word},
         {"\"Compute\"", '"' + word + '"'},
         {"B/s", word},

@@ -65,7 +65,7 @@ test('the default definition makes a whole page of a metric data file', async ()
 
 describe('a typical page', () => {
     let page;
-    before(async () => { page = await open('typical.html'); });
+    before(async () => { page = await open('typical.html', { reducedMotion: 'reduce' }); });
 
     test('asks for nothing but the logo and has no errors', async () => {
         assert.deepEqual(page.requests, [logoAddress]);
@@ -141,7 +141,8 @@ describe('a typical page', () => {
     test('opens and closes details, each its own', async () => {
         const links = page.locator('a.toggle');
         assert.equal(await links.count(), 3);
-        const shown = () => page.$$eval('.metricDetail', (all) => all.map((one) => one.matches('.show')));
+        const shown = () => page.$$eval('.metricDetail > div', (all) => all.map((one) =>
+            one.clientHeight > 0 && getComputedStyle(one).visibility === 'visible'));
         const closed = await shown();
         assert.ok(!closed.includes(true));
         // The second and the third are both called "Read rate".
@@ -173,6 +174,36 @@ test('a logo shows as its copy at once, and as the remote image if that comes', 
     await route.fulfill({ contentType: 'image/png', body: Buffer.from(image, 'base64') });
     await page.waitForFunction((address) => document.querySelector('#logo img').src === address, logoAddress);
     assert.equal(await shown(), logoAddress);
+});
+
+test('a logo of the report\'s own has a badge below it, and neither holds up the page', async () => {
+    const page = await open('long.html', {}, () => {});
+    assert.deepEqual(await page.$$eval('#logo a', (all) => all.map((link) => link.href)),
+        ['https://own.example/', 'https://www.corvane.example/products/corvane-vantrels']);
+    assert.deepEqual(await page.$$eval('#logo img', (all) => all.map((image) => image.src.replace(/,.*/, ''))),
+        ['https://own.example/logo.png', 'data:image/png;base64']);
+});
+
+test('details that scroll can be reached with the keyboard', async () => {
+    const page = await open('long.html');
+    await page.$$eval('a.toggle', (all) => all.forEach((link) => link.click()));
+    assert.deepEqual(await page.$$eval('.metricDetail.show > div', (all) => all.map((one) => one.tabIndex)), [0, -1, -1]);
+});
+
+test('a metric with a range has marks on its bar and a table of its values', async () => {
+    const page = await open('default.html');
+    const [marks, table] = await page.evaluate(() => {
+        document.body.innerHTML = ReportEngine.render('subsectionsTemplate', 'html', {
+            data: { m: { min: 20, mean: 50, max: 90, stdev: 8 } },
+            metricData: { m: { value: 'm', displayName: 'M' } },
+            subsections: [{ metrics: [{ metricId: 'm', template: 'percentageTemplate', colorName: 'c' }] }],
+        });
+        const all = (selector, read) => [...document.querySelectorAll(selector)].map(read);
+        return [all('.bar > .barBox, .bar > .c', ({ style }) => [style.left, style.width]),
+            all('.tip tr', (row) => row.cells[0].textContent + row.cells[1].textContent)];
+    });
+    assert.deepEqual(marks, [['20%', '1px'], ['90%', '1px'], ['20%', '70%'], ['', '50%']]);
+    assert.deepEqual(table, ['Min20.0%', 'Mean50.0%', 'Max90.0%', 'S.D.8.0%']);
 });
 
 test('hostile texts show as typed and nothing runs', async () => {
