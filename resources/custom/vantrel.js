@@ -1,5 +1,5 @@
-// The report's numbers, values and colours, and what completes the page in the browser. The build puts
-// vantrel-helpers.js behind it, which makes all this known to the engine.
+// The report's numbers, values and colours, and the data of its chart. The build puts vantrel-helpers.js
+// behind it, which makes all this known to the engine and to the page.
 
 var document;
 var window;
@@ -12,8 +12,6 @@ var vantrel = (function () {
     var SYMBOL_OF_UNITS = { 'bytes': 'B', 'bytes/s': 'B/s' };
     var VALUE_FIELDS = ['mean', 'min', 'max', 'stdev'];
     var BLACK = 'rgb(0, 0, 0)';
-    // The height, in pixels, that the style sheet gives an open detail before it scrolls.
-    var DETAIL_HEIGHT = 100;
 
     var vantrel = {
         siFactors: [
@@ -344,55 +342,7 @@ var vantrel = (function () {
         });
     };
 
-    // ---- the page
-
-    vantrel.setDocumentTitleFromTemplate = function (context) {
-        if (ReportEngine.hasPartial('titleTemplate')) {
-            // Through an element, since the template's result is escaped and the title is plain text.
-            var title = document.createElement('title');
-            title.innerHTML = ReportEngine.render('titleTemplate', 'html', context);
-            document.title = title.textContent;
-        }
-    };
-
-    // Metrics may share a display name and so an id: the detail row below the link comes first.
-    function findDetail(link, id) {
-        var row = link;
-        while (row && row.nodeName !== 'TR') {
-            row = row.parentNode;
-        }
-        var cell = row && row.nextElementSibling && row.nextElementSibling.firstElementChild;
-        return cell && cell.id === id ? cell : document.getElementById(id);
-    }
-
-    function toggleClass(element, name) {
-        var others = element.className.split(' ').filter(function (each) {
-            return each !== '' && each !== name;
-        });
-        var isOn = (' ' + element.className + ' ').indexOf(' ' + name + ' ') < 0;
-        element.className = (isOn ? others.concat(name) : others).join(' ');
-        return isOn;
-    }
-
-    // What scrolls must be reachable with the keyboard.
-    function makeScrollable(content) {
-        if (content && content.scrollHeight > DETAIL_HEIGHT) {
-            content.tabIndex = 0;
-        }
-    }
-
-    vantrel.toggleMetric = function (event, id) {
-        event.preventDefault();
-        var link = event.currentTarget || event.target;
-        var detail = findDetail(link, id);
-        if (detail) {
-            var isOpen = toggleClass(detail, 'show');
-            makeScrollable(detail.firstElementChild);
-            if (link && link.setAttribute) {
-                link.setAttribute('aria-expanded', String(isOpen));
-            }
-        }
-    };
+    // ---- the chart's data
 
     function numberOr0(value) {
         return isFiniteNumber(value) ? value : 0;

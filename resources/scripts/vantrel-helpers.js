@@ -1,5 +1,5 @@
-// The report's helpers as templates call them, their registration, and what is done to the page once
-// it is there.
+// The report's helpers as templates call them, their registration, and what the page does once it is
+// there.
 
 vantrel.templateHelpers = (function () {
     'use strict';
@@ -77,12 +77,62 @@ vantrel.templateHelpers.csvEscape = function (value) {
 
 ReportEngine.registerHelpers({ all: vantrel.templateHelpers });
 
-vantrel.finishPage = (function () {
+(function () {
     'use strict';
 
+    // The height, in pixels, that the style sheet gives an open detail before it scrolls.
+    var DETAIL_HEIGHT = 100;
     var METRICS_OF_LONG_PAGE = 1000;
     var METRICS_AT_ONCE = 40;
     var SECTIONS_AT_ONCE = 12;
+
+    vantrel.setDocumentTitleFromTemplate = function (context) {
+        if (ReportEngine.hasPartial('titleTemplate')) {
+            // Through an element, since the template's result is escaped and the title is plain text.
+            var title = document.createElement('title');
+            title.innerHTML = ReportEngine.render('titleTemplate', 'html', context);
+            document.title = title.textContent;
+        }
+    };
+
+    // Metrics may share a display name and so an id: the detail row below the link comes first.
+    function findDetail(link, id) {
+        var row = link;
+        while (row && row.nodeName !== 'TR') {
+            row = row.parentNode;
+        }
+        var cell = row && row.nextElementSibling && row.nextElementSibling.firstElementChild;
+        return cell && cell.id === id ? cell : document.getElementById(id);
+    }
+
+    function toggleClass(element, name) {
+        var others = element.className.split(' ').filter(function (each) {
+            return each !== '' && each !== name;
+        });
+        var isOn = (' ' + element.className + ' ').indexOf(' ' + name + ' ') < 0;
+        element.className = (isOn ? others.concat(name) : others).join(' ');
+        return isOn;
+    }
+
+    // What scrolls must be reachable with the keyboard.
+    function makeScrollable(content) {
+        if (content && content.scrollHeight > DETAIL_HEIGHT) {
+            content.tabIndex = 0;
+        }
+    }
+
+    vantrel.toggleMetric = function (event, id) {
+        event.preventDefault();
+        var link = event.currentTarget || event.target;
+        var detail = findDetail(link, id);
+        if (detail) {
+            var isOpen = toggleClass(detail, 'show');
+            makeScrollable(detail.firstElementChild);
+            if (link && link.setAttribute) {
+                link.setAttribute('aria-expanded', String(isOpen));
+            }
+        }
+    };
 
     // The remote image may take for ever to come. A preload holds up neither the page's load event nor
     // its print, as the image itself would.
@@ -186,7 +236,7 @@ vantrel.finishPage = (function () {
         }
     }
 
-    return function (jsonData) {
+    vantrel.finishPage = function (jsonData) {
         deferSections();
         showLogoCopies((jsonData.brandingData || {}).logos || []);
         document.addEventListener('copy', copyWithoutBreaks);
