@@ -23,8 +23,7 @@ var RadarChart = (function () {
             radians: 2 * Math.PI,
             opacityArea: 0.5,
             color: d3.scale.category10(),
-            fontSize: 10,
-            format: String
+            fontSize: 10
         };
         for (var key in options) {
             if (Object.prototype.hasOwnProperty.call(options, key) && options[key] !== undefined) {
@@ -310,9 +309,9 @@ var RadarChart = (function () {
     }
 
     // The chart in words, for those who can't see it.
-    function describe(data, format) {
+    function describe(data) {
         return data.map(function (series) {
-            return series.map(function (entry) { return entry.axis + ' ' + format(entry.value); }).join(', ');
+            return series.map(function (entry) { return entry.axis + ' ' + entry.value; }).join(', ');
         }).join('; ');
     }
 
@@ -324,7 +323,7 @@ var RadarChart = (function () {
 
         d3.select(id).select('svg').remove();
         var g = d3.select(id).append('svg')
-            .attr({ width: config.w, height: config.h, role: 'img', 'aria-label': describe(data, config.format) })
+            .attr({ width: config.w, height: config.h, role: 'img', 'aria-label': config.description || describe(data) })
             .append('g');
         drawLevels(g, config, geometry, axes);
         axes.forEach(function (axis, i) {

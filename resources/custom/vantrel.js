@@ -344,16 +344,21 @@ var vantrel = (function () {
 
     // ---- the chart's data
 
-    function numberOr0(value) {
-        return isFiniteNumber(value) ? value : 0;
+    // As the summary shows it.
+    function formatShare(value) {
+        var text = vantrel.formatPercent(value);
+        return text === NOT_SUPPORTED ? text.trim() : text + '%';
     }
 
     function addAxis(radar, row, jsonData) {
         var value = vantrel.lookupMetric(row.metricId, jsonData);
-        if (radar.maxAxis === null || numberOr0(value) > numberOr0(radar.data[radar.maxAxis].value)) {
+        var finite = isFiniteNumber(value) ? value : 0;
+        var axis = row.chartLabel || row.heading;
+        if (radar.maxAxis === null || finite > radar.data[radar.maxAxis].value) {
             radar.maxAxis = radar.data.length;
         }
-        radar.data.push({ axis: row.chartLabel || row.heading, value: value });
+        radar.data.push({ axis: axis, value: finite });
+        radar.options.description += (radar.options.description && ', ') + axis + ' ' + formatShare(value);
         radar.axisColors.push(vantrel.computeColor(jsonData.colorData, row.colorName));
     }
 
@@ -370,12 +375,6 @@ var vantrel = (function () {
         return function () {
             return value;
         };
-    }
-
-    // As the summary shows it.
-    function formatShare(value) {
-        var text = vantrel.formatPercent(value);
-        return text === NOT_SUPPORTED ? text.trim() : text + '%';
     }
 
     function makeRadarData(jsonData) {
@@ -395,7 +394,7 @@ var vantrel = (function () {
                 opacityArea: 0.64,
                 maxValue: 100,
                 color: constant('#bb58d6'),
-                format: formatShare
+                description: ''
             }
         };
         jsonData.summaryData.rows.forEach(function (row) {
