@@ -82,7 +82,7 @@ ReportEngine.registerHelpers({ all: vantrel.templateHelpers });
 
     // The height, in pixels, that the style sheet gives an open detail before it scrolls.
     var DETAIL_HEIGHT = 100;
-    var METRICS_OF_LONG_PAGE = 1000;
+    var METRICS_OF_LONG_PAGE = 300;
     var METRICS_AT_ONCE = 40;
     var SECTIONS_AT_ONCE = 12;
 
@@ -162,18 +162,21 @@ ReportEngine.registerHelpers({ all: vantrel.templateHelpers });
         return element.getElementsByClassName('metricDetail').length;
     }
 
-    // Sections that wait take the room that those which show take for as many metrics.
+    // How much there is in a section, in terms of rows: heading, description and metrics.
+    function rowsOf(section) {
+        return 2.5 + section.children[1].textContent.length / 80 + metricsIn(section);
+    }
+
+    // Sections that wait take the room that those which show take for as many rows.
     function keepRoom(shown, waiting) {
-        var heading = 4;
         var height = 0;
         var rows = 0;
         shown.forEach(function (section) {
             height += section.offsetHeight;
-            rows += heading + metricsIn(section);
+            rows += rowsOf(section);
         });
         waiting.forEach(function (section) {
-            var room = Math.round(height / rows * (heading + metricsIn(section)));
-            section.style.containIntrinsicSize = 'auto ' + room + 'px';
+            section.style.containIntrinsicSize = 'auto ' + Math.round(height / rows * rowsOf(section)) + 'px';
         });
     }
 

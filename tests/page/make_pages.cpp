@@ -172,7 +172,7 @@ Page makeRows(const std::vector<std::string>& names, const std::vector<double>& 
     return page;
 }
 
-/// A page of 60 sections of unlike lengths, more than a thousand metrics in all.
+/// A page of 60 sections of unlike lengths, several hundred metrics in all.
 Page makeSections()
 {
     Page page = makeRows({"A", "B", "C"}, {50, 30, 20});
@@ -183,7 +183,7 @@ Page makeSections()
         for (int words = 0; words < i % 7 * 10; ++words)
             sections += "word ";
         sections += "</text>";
-        for (int j = 0; j < 5 + i % 28; ++j)
+        for (int j = 0; j < 3 + i % 14; ++j)
             sections += "<entry reportMetric=\"m" + std::to_string(j % 3) + "\"/>";
         sections += "</subsection>";
     }
