@@ -11,7 +11,7 @@ namespace {
 struct Lead {
     unsigned char first;
     unsigned char last;
-    int following;
+    unsigned char following;
     unsigned char least = 0x80;
     unsigned char greatest = 0xBF;
 };

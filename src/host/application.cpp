@@ -60,12 +60,12 @@ bool ensureApplication()
     std::unique_ptr<char[]> commandLine = readCommandLine();
     if (!commandLine)
         return false;
-    // Qt keeps the arguments as long as the process lives, which also nothing releases.
+    // Qt keeps the arguments as long as the process lives. Nothing deletes the object.
     static int argc = 1;
     static char* argv[] = {commandLine.release(), nullptr};
     const LocaleKeeper keeper;
-    new QCoreApplication(argc, argv);
-    return QCoreApplication::instance() != nullptr;
+    static const QCoreApplication* const application = new QCoreApplication(argc, argv);
+    return application == QCoreApplication::instance();
 }
 
 } // namespace vantrel
