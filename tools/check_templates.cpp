@@ -30,7 +30,7 @@ int main(int argc, char** argv)
         message = QString();
         file.open(QIODevice::ReadOnly);
         if (!interpreter->registerPartial(QFileInfo(name).baseName(), format,
-                                         QString::fromUtf8(file.readAll()), &message)) {
+                                          QString::fromUtf8(file.readAll()), &message)) {
             err << name << ": " << message << '\n';
             ++failures;
         }

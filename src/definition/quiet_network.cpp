@@ -104,9 +104,9 @@ QNetworkReply* vantrelGet(QObject* manager, const QNetworkRequest& request)
 __attribute__((visibility("default"), alias("vantrelMakeManager"))) void
 vantrelManagerConstructor(void* memory,
                           QObject* parent) __asm__("_ZN21QNetworkAccessManagerC1EP7QObject");
-__attribute__((visibility("default"), alias("vantrelGet"))) QNetworkReply*
-vantrelManagerGet(QObject* manager, const QNetworkRequest& request) __asm__(
-    "_ZN21QNetworkAccessManager3getERK15QNetworkRequest");
+__attribute__((visibility("default"), alias("vantrelGet"))) QNetworkReply* vantrelManagerGet(
+    QObject* manager,
+    const QNetworkRequest& request) __asm__("_ZN21QNetworkAccessManager3getERK15QNetworkRequest");
 }
 
 namespace vantrel::report {

@@ -51,8 +51,8 @@ public:
 
 private:
     /// A document type's own declarations are tags of their own. Others can bring attributes as
-    /// defaults and inside of entities, and the XML reader compares each declared attribute with all
-    /// others, so each "=", each quote and each "#" of them counts.
+    /// defaults and inside of entities, and the XML reader compares each declared attribute with
+    /// all others, so each "=", each quote and each "#" of them counts.
     bool skipDeclaration()
     {
         const bool isDocumentType =

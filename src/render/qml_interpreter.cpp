@@ -68,20 +68,19 @@ bool QmlInterpreter::run(const QString& script, QString* message)
 }
 
 bool QmlInterpreter::registerPartial(const QString& name, const QString& format,
-                                        const QString& text, QString* message)
+                                     const QString& text, QString* message)
 {
     call("registerPartial", {name, format, text}, message);
     return message->isNull();
 }
 
 QString QmlInterpreter::render(const QString& templateName, const QString& format,
-                                  const QString& json, QString* message)
+                               const QString& json, QString* message)
 {
     return call("render", {templateName, format, json}, message);
 }
 
-QString QmlInterpreter::call(const char* function, const QJSValueList& arguments,
-                                QString* message)
+QString QmlInterpreter::call(const char* function, const QJSValueList& arguments, QString* message)
 {
     const QJSValue result = host.property(QLatin1String(function)).call(arguments);
     if (result.isError()) {
