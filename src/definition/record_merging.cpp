@@ -10,7 +10,7 @@ void takeGiven(QString* earlier, const QString& later)
         *earlier = later;
 }
 
-void takeGiven(QColor* earlier, const QColor& later)
+void takeGiven(Colour* earlier, const Colour& later)
 {
     if (later.isValid())
         *earlier = later;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "definition/colour.h"
 #include "metrics/metric_type.h"
 
-#include <QColor>
 #include <QList>
 #include <QString>
 
@@ -30,7 +30,7 @@ struct ReportMetric {
     QString id; ///< dotted
     QString displayName;
     QString units;
-    QColor colour; ///< invalid for none
+    Colour colour; ///< invalid for none
     MetricType type = MetricType::Double;
     int corvaneMetricVersion = 0; ///< 0 for a custom metric
     QString breakdownSubsection;  ///< id of a subsection; empty for none
@@ -54,7 +54,7 @@ struct SummaryEntry {
 struct SubsectionEntry {
     QString reportMetric; ///< empty for a spacer
     QString displayName;  ///< replaces the metric's own
-    QColor colour;        ///< replaces the metric's own
+    Colour colour;        ///< replaces the metric's own
     QString requires;
     QString description; ///< markup
     int unitPrefix = SiPrefix;
@@ -68,7 +68,7 @@ struct SubsectionEntry {
 struct Subsection {
     QString id;
     QString heading;
-    QColor colour;
+    Colour colour;
     QString text;        ///< markup
     QString errorMetric; ///< id of a string metric that holds an error message
     QList<SubsectionEntry> entries;

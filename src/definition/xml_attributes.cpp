@@ -1,7 +1,7 @@
 // The attribute parsers of XmlSource, one for each type that an attribute can have.
 #include "definition/xml_source.h"
 
-#include "definition/color_string.h"
+#include "definition/colour_string.h"
 #include "definition/report_records.h"
 
 #include <QObject>
@@ -185,14 +185,14 @@ bool XmlSource::readAggregation(const char* attribute, int* out)
     return readRequiredWord(attribute, std::begin(words), std::end(words), out);
 }
 
-bool XmlSource::readColour(const char* attribute, QColor* out)
+bool XmlSource::readColour(const char* attribute, Colour* out)
 {
-    *out = QColor();
+    *out = Colour();
     const QStringRef text = attributeText(attribute);
     if (text.isEmpty())
         return true;
     QString problem;
-    *out = parseColor(text.toString(), &problem);
+    *out = parseColour(text.toString(), &problem);
     return out->isValid() || fail(problem);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "definition/colour.h"
 #include "metrics/metric_type.h"
 
-#include <QColor>
 #include <QString>
 #include <QUrl>
 #include <QXmlStreamReader>
@@ -64,7 +64,7 @@ public:
     bool readSampleValue(const char* attribute, int* out);
     bool readAggregation(const char* attribute, int* out);
     /// Invalid if the attribute is absent or empty.
-    bool readColour(const char* attribute, QColor* out);
+    bool readColour(const char* attribute, Colour* out);
     /// @}
 
 private:

@@ -152,7 +152,7 @@ QJsonObject makeSubsection(const ReportDefinition& definition, const Subsection&
     return section;
 }
 
-QJsonArray colorToHsl(const QColor& color, QString* error)
+QJsonArray colorToHsl(const Colour& color, QString* error)
 {
     if (!color.isValid()) {
         *error += QObject::tr(" (Unknown colour %1)").arg(color.name());
@@ -164,9 +164,9 @@ QJsonArray colorToHsl(const QColor& color, QString* error)
 /// Colours by name, sorted: adding to the middle of a large QJsonObject moves what is behind.
 using ColorMap = QMap<QString, QJsonArray>;
 
-void insertColor(ColorMap& colors, const QString& name, const QColor& color, QString* error)
+void insertColor(ColorMap& colors, const QString& name, const Colour& color, QString* error)
 {
-    colors.insert(name, colorToHsl(color.isValid() ? color : QColor(Qt::black), error));
+    colors.insert(name, colorToHsl(color.isValid() ? color : Colour::fromRgb(0, 0, 0), error));
 }
 
 QJsonObject toJson(const ColorMap& colors)
@@ -254,7 +254,7 @@ QJsonObject makeColorData(const ReportDefinition& definition, QString* error)
     for (const Subsection& subsection : definition.subsections()) {
         insertColor(colors, qualifiedSubsectionId(subsection.id, scheme), subsection.colour, error);
         for (int i = 0; i < subsection.entries.size(); ++i) {
-            const QColor& color = subsection.entries.at(i).colour;
+            const Colour& color = subsection.entries.at(i).colour;
             if (color.isValid())
                 insertColor(colors, entryColorName(definition, subsection, i), color, error);
         }

@@ -73,7 +73,7 @@ inline std::string framed(const char* kind, const QString& text, const QString& 
 
 /// @name A record in a line
 /// @{
-inline QString colourName(const QColor& colour)
+inline QString colourName(const Colour& colour)
 {
     return colour.isValid() ? colour.name() : QStringLiteral("none");
 }

@@ -18,7 +18,7 @@ ReportDefinition makeDefinition()
 {
     ReportMetric metric;
     metric.id = "a";
-    metric.colour = Qt::white;
+    metric.colour = Colour::fromRgb(255, 255, 255);
     ReportDefinition definition;
     definition.setMetrics({metric});
     return definition;
@@ -48,7 +48,7 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
     spacer.isSpacer = true;
     SubsectionEntry coloured;
     coloured.reportMetric = "a";
-    coloured.colour = Qt::blue;
+    coloured.colour = Colour::fromRgb(0, 0, 255);
     Subsection subsection;
     subsection.id = "s";
     subsection.maxAdviceStrings = 0;

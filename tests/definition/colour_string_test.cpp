@@ -1,6 +1,7 @@
-#include "definition/color_string.h"
+#include "definition/colour_string.h"
 
 #include <QRegExp>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
@@ -8,28 +9,42 @@
 
 using namespace vantrel::report;
 
-TEST(ColorString, readsColors)
+namespace {
+
+std::string described(const Colour& colour)
 {
-    const std::pair<const char*, QColor> rows[] = {
-        {"#0000fF", QColor(0, 0, 255)},
-        {"#0000ffff0000", QColor(0, 255, 0)},
-        {"ForestGreen", QColor(34, 139, 34)},
-        {"rgb(255,255,255)", QColor(255, 255, 255)},
-        {"rgb( 1 ,\t2\n, -0 )", QColor(1, 2, 0)},
-        {"rgb(007,2,99999999999)", QColor(7, 2, 0)},
-        {"hsl(359,100,100)", QColor::fromHsl(359, 255, 255)},
-        {"hsl(0,50,99)", QColor::fromHsl(0, 127, 252)},
-        {"hsv(10,100,1)", QColor::fromHsv(10, 255, 2)},
+    return QString("%1 %2 %3 %4")
+        .arg(colour.name())
+        .arg(colour.hslHue())
+        .arg(colour.hslSaturation())
+        .arg(colour.lightness())
+        .toStdString();
+}
+
+} // namespace
+
+TEST(ColourString, readsColours)
+{
+    const std::pair<const char*, Colour> rows[] = {
+        {"#0000fF", Colour::fromRgb(0, 0, 255)},
+        {"#0000ffff0000", Colour::fromRgb(0, 255, 0)},
+        {"ForestGreen", Colour::fromRgb(34, 139, 34)},
+        {"rgb(255,255,255)", Colour::fromRgb(255, 255, 255)},
+        {"rgb( 1 ,\t2\n, -0 )", Colour::fromRgb(1, 2, 0)},
+        {"rgb(007,2,99999999999)", Colour::fromRgb(7, 2, 0)},
+        {"hsl(359,100,100)", Colour::fromHsl(359, 255, 255)},
+        {"hsl(0,50,99)", Colour::fromHsl(0, 127, 252)},
+        {"hsv(10,100,1)", Colour::fromHsv(10, 255, 2)},
     };
-    for (const auto& [text, color] : rows) {
+    for (const auto& [text, colour] : rows) {
         SCOPED_TRACE(text);
         QString error;
-        EXPECT_EQ(parseColor(text, &error), color);
+        EXPECT_EQ(described(parseColour(text, &error)), described(colour));
         EXPECT_EQ(error, QString());
     }
 }
 
-TEST(ColorString, refusesWithAMessage)
+TEST(ColourString, refusesWithAMessage)
 {
     const QString outOfRange = "Invalid %1 component '%2' in the colour string '@'. "
                                "Expected a value in the range 0-%3.";
@@ -57,12 +72,12 @@ TEST(ColorString, refusesWithAMessage)
     };
     for (const auto& [text, message] : rows) {
         QString error;
-        EXPECT_FALSE(parseColor(text, &error).isValid());
+        EXPECT_FALSE(parseColour(text, &error).isValid());
         EXPECT_EQ(error, QString(message).replace("@", text));
     }
 }
 
-TEST(ColorString, takesForFunctionsWhatThePatternMatches)
+TEST(ColourString, takesForFunctionsWhatThePatternMatches)
 {
     const QRegExp pattern(
         "^([a-zA-Z]{3})\\(\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*,\\s*(-?\\d+)\\s*\\)$");
@@ -76,7 +91,7 @@ TEST(ColorString, takesForFunctionsWhatThePatternMatches)
         for (const QString& piece : right)
             text += random() % 6 ? piece : others.at(int(random() % unsigned(others.size())));
         QString error;
-        parseColor(text, &error);
+        parseColour(text, &error);
         const bool isFunction = !error.startsWith("Invalid colour string");
         const bool isMatch = pattern.indexIn(text) >= 0;
         ASSERT_EQ(isFunction, isMatch) << text.toStdString();

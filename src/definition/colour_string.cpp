@@ -1,4 +1,4 @@
-#include "definition/color_string.h"
+#include "definition/colour_string.h"
 
 #include <QObject>
 
@@ -21,19 +21,14 @@ constexpr char badGreen[] =
 constexpr char badBlue[] =
     "Invalid blue component '%1' in the colour string '%2'. Expected a value in the range 0-255.";
 
-QColor fromHsl(int h, int s, int l)
+Colour fromHsl(int h, int s, int l)
 {
-    return QColor::fromHsl(h, s * 255 / 100, l * 255 / 100, 255);
+    return Colour::fromHsl(h, s * 255 / 100, l * 255 / 100);
 }
 
-QColor fromHsv(int h, int s, int v)
+Colour fromHsv(int h, int s, int v)
 {
-    return QColor::fromHsv(h, s * 255 / 100, v * 255 / 100, 255);
-}
-
-QColor fromRgb(int r, int g, int b)
-{
-    return QColor::fromRgb(r, g, b, 255);
+    return Colour::fromHsv(h, s * 255 / 100, v * 255 / 100);
 }
 
 struct Component {
@@ -41,16 +36,16 @@ struct Component {
     const char* message;
 };
 
-struct ColorFunction {
+struct ColourFunction {
     const char* name;
     Component components[3];
-    QColor (*make)(int, int, int);
+    Colour (*make)(int, int, int);
 };
 
-constexpr ColorFunction colorFunctions[] = {
+constexpr ColourFunction colourFunctions[] = {
     {"hsl", {{359, badHue}, {100, badSaturation}, {100, badLightness}}, fromHsl},
     {"hsv", {{359, badHue}, {100, badSaturation}, {100, badValue}}, fromHsv},
-    {"rgb", {{255, badRed}, {255, badGreen}, {255, badBlue}}, fromRgb},
+    {"rgb", {{255, badRed}, {255, badGreen}, {255, badBlue}}, Colour::fromRgb},
 };
 
 /// A colour in the form of a function: three letters and three whole numbers in brackets.
@@ -115,8 +110,8 @@ bool readFunction(const QString& text, FunctionText* function)
            reading.number(&function->numbers[2]) && reading.skip(u')') && reading.isAtEnd();
 }
 
-QColor makeColor(const ColorFunction& function, const QStringRef* texts, const QString& text,
-                 QString* error)
+Colour makeColour(const ColourFunction& function, const QStringRef* texts, const QString& text,
+                  QString* error)
 {
     int numbers[3];
     for (int i = 0; i < 3; ++i) {
@@ -126,17 +121,16 @@ QColor makeColor(const ColorFunction& function, const QStringRef* texts, const Q
         if (unsigned(numbers[i]) > function.components[i].max) {
             *error =
                 QObject::tr(function.components[i].message).arg(QString::number(numbers[i]), text);
-            return QColor();
+            return Colour();
         }
     }
     return function.make(numbers[0], numbers[1], numbers[2]);
 }
 
-QColor parseName(const QString& text, QString* error)
+Colour parseName(const QString& text, QString* error)
 {
-    QColor color;
-    color.setNamedColor(text);
-    if (!color.isValid()) {
+    const Colour colour = Colour::fromName(text);
+    if (!colour.isValid()) {
         *error =
             QObject::tr("Invalid colour string '%1'. Expected a hex code in the form #RGB, "
                         "#RRGGBB, #RRRGGGBBB, #RRRRGGGGBBBB, a SVG colour name, or a string of the "
@@ -144,24 +138,24 @@ QColor parseName(const QString& text, QString* error)
                         "L are in the range 0-100.")
                 .arg(text);
     }
-    return color;
+    return colour;
 }
 
 } // namespace
 
-QColor parseColor(const QString& text, QString* error)
+Colour parseColour(const QString& text, QString* error)
 {
     FunctionText function;
     if (!readFunction(text, &function))
         return parseName(text, error);
-    for (const ColorFunction& known : colorFunctions) {
+    for (const ColourFunction& known : colourFunctions) {
         if (function.name == QLatin1String(known.name))
-            return makeColor(known, function.numbers, text, error);
+            return makeColour(known, function.numbers, text, error);
     }
     *error = QObject::tr("Invalid format prefix '%1' in the colour string '%2'. Expected a prefix "
                          "of 'rgb', 'hsv', or 'hsl'.")
                  .arg(function.name, text);
-    return QColor();
+    return Colour();
 }
 
 } // namespace vantrel::report

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QColor>
+#include "definition/colour.h"
+
 #include <QString>
 
 namespace vantrel::report {
@@ -9,6 +10,6 @@ namespace vantrel::report {
 ///
 /// @param error takes the message if the text is refused
 /// @return an invalid colour if it is refused
-QColor parseColor(const QString& text, QString* error);
+Colour parseColour(const QString& text, QString* error);
 
 } // namespace vantrel::report
