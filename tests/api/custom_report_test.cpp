@@ -1,8 +1,9 @@
 #include "api/test_report.h"
 
-#include <gtest/gtest.h>
+#include <QTextCodec>
 
 #include <cmath>
+#include <tuple>
 
 using namespace vantrel;
 using namespace vantrel::report;
@@ -44,12 +45,25 @@ TEST(CustomReport, setsValuesOfCallers)
 
 TEST(CustomReport, takesApplicationDetailsAsFullKeys)
 {
-    Report report;
-    ReportMetric metric;
-    metric.id = CORVANE_APPLICATION_DETAIL_NOTES;
-    report.appendMetric(metric);
-    EXPECT_EQ(report.set(CORVANE_APPLICATION_DETAIL_NOTES, "text"), 0) << report.text();
-    EXPECT_EQ(report.value("applicationDetails.notes"), "text");
+    const std::tuple<const char*, const char*, QVariant> rows[] = {
+        {CORVANE_APPLICATION_DETAIL_NOTES, "notes", "x"},
+        {CORVANE_APPLICATION_DETAIL_EXE_PATH, "exePath", "x"},
+        {CORVANE_APPLICATION_DETAIL_TIME, "time.plain", 5},
+        {CORVANE_APPLICATION_DETAIL_START_DATE, "startDate", "x"},
+        {CORVANE_APPLICATION_DETAIL_HOST_NAME, "hostname", "x"},
+        {CORVANE_APPLICATION_DETAIL_NUM_NODES, "nodes.plain", 5},
+        {CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, "processes.plain", 5},
+        {CORVANE_APPLICATION_DETAIL_COMMAND_LINE, "commandLine", "x"},
+        {CORVANE_APPLICATION_DETAIL_EXE_NAME, "exeName", "x"},
+    };
+    for (const auto& [id, key, value] : rows) {
+        Report report;
+        ReportMetric metric;
+        metric.id = id;
+        report.appendMetric(metric);
+        EXPECT_EQ(report.set(id, value), 0) << report.text();
+        EXPECT_EQ(report.metricValue(QString("applicationDetails.") + key), value) << key;
+    }
 }
 
 TEST(CustomReport, declaresUnknownMetricsIfTold)
@@ -58,13 +72,17 @@ TEST(CustomReport, declaresUnknownMetricsIfTold)
     EXPECT_EQ(report.setMetricValue("new.one", 7, DeclareUnknown), 0);
     EXPECT_EQ(report.setMetricValue("new.one", 8, RejectUnknown), 0);
     EXPECT_EQ(report.metricValue("new.one"), QVariant(8));
+    report.fill();
+    EXPECT_EQ(report.document()["data"]["new"]["one"].toInt(), 8);
     EXPECT_EQ(report.setMetricValue("new.one", 1.0, DeclareUnknown), 10);
     EXPECT_EQ(report.text(), "expected type \"Integer\" for metric \"new.one\"");
 }
 
 TEST(CustomReport, beginsWithItsIdentityAndDefaults)
 {
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
     const Report report;
+    EXPECT_EQ(QTextCodec::codecForLocale()->name(), "UTF-8");
     const std::pair<const char*, QVariant> rows[] = {
         {"report.name", "R"},
         {"report.version.api", 1},
@@ -92,30 +110,33 @@ TEST(CustomReport, beginsWithItsIdentityAndDefaults)
 
 TEST(CustomReport, storesBounds)
 {
-    const auto boundOf = [](const Report& report, const char* key) {
-        QStringList parts;
-        for (const char* part : {"long", "short", "type", "subsectionId", "subsectionHeading"})
-            parts += report.metricValue(QString("overview.%1.%2").arg(key, part)).toString();
-        return parts.join("|").toStdString();
+    const std::string cpu = "CPU-bound|CPU|custom.report.metric.cpu|mem|Memory";
+    const struct {
+        int (CustomReport::*set)(const QString& id);
+        const char* id;
+        std::string first, second;
+    } rows[] = {
+        {&CustomReport::setDominantMetric, "cpu", cpu, "||||"},
+        {&CustomReport::setSecondaryBound, "known", cpu, "K-bound|K|known||"},
+        {&CustomReport::setSecondaryBound, "cpu", cpu, cpu},
+        {&CustomReport::setSecondaryBound, "", cpu, "||||"},
+        {&CustomReport::setDominantMetric, "a.b", "||custom.report.metric.a.b||", "||||"},
     };
     Report report;
-    EXPECT_EQ(report.setDominantMetricFromCaller("cpu"), 0);
-    EXPECT_EQ(boundOf(report, "bound1"), "CPU-bound|CPU|custom.report.metric.cpu|mem|Memory");
-    EXPECT_EQ(boundOf(report, "bound2"), "||||");
-    EXPECT_EQ(report.setSecondaryBound("known"), 0);
-    EXPECT_EQ(boundOf(report, "bound2"), "K-bound|K|known||");
-    EXPECT_EQ(report.setSecondaryBound(""), 0);
-    EXPECT_EQ(boundOf(report, "bound2"), "||||");
     ReportMetric nameless = report.metric("a.b");
     nameless.displayName.clear();
-    report.setMetrics({nameless});
-    EXPECT_EQ(report.setDominantMetric("a.b"), 0);
-    EXPECT_EQ(boundOf(report, "bound1"), "||custom.report.metric.a.b||");
+    report.setMetrics({report.metric("cpu"), report.metric("known"), nameless});
+    for (const auto& row : rows) {
+        EXPECT_EQ((report.*row.set)(row.id), 0) << report.text();
+        EXPECT_EQ(report.bound("bound1"), row.first);
+        EXPECT_EQ(report.bound("bound2"), row.second);
+    }
+    EXPECT_FALSE(report.value("overview.bound2.long").isNull()) << "cleared, not as it began";
     EXPECT_EQ(report.setSecondaryBound("%d"), 4);
     EXPECT_EQ(report.text(), "metric \"%d\" not recognised");
     EXPECT_EQ(report.setDominantMetricFromCaller("a\xFF"), 8);
     EXPECT_EQ(report.text(), "invalid UTF-8 sequence found in metric name");
-    EXPECT_EQ(boundOf(report, "bound1"), "||custom.report.metric.a.b||");
+    EXPECT_EQ(report.bound("bound1"), std::end(rows)[-1].first);
 }
 
 TEST(CustomReport, choosesTheFirstGreatestOfTheSummary)

@@ -34,7 +34,7 @@ TEST(ErrorText, readsPercentSignsAsConversionsOfNothing)
         {"%.3d|%6.3d|%.0d|%.d|", "000|   000|||"},
         {"%hhd%hd%ld%lld%qd%jd%zu%td", "00000000"},
         {"%s|%5s|%-3s|%.2s|%ls|%S|", "|     |   ||||"},
-        {"[%c%lc%C]", "[]"},
+        {"[%c%lc%C%p]%3p|", "[]   |"},
         {"%f %.1f %Lf %e %G", "0.000000 0.0 0.000000 0.000000e+00 0"},
         {"a%nb%hhnc%5n", "abc"},
         {"100% of 5% sure", "1000f 5ure"},
@@ -46,6 +46,7 @@ TEST(ErrorText, readsPercentSignsAsConversionsOfNothing)
         {"%-+ #0'.7ll", "%-+ #0'.7ll"},
         {"%.", "%."},
         {"%1$", "%1$"},
+        {"%$d", "%$d"},
         {"%*", "%*"},
     };
     for (const auto& [given, expected] : rows)

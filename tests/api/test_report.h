@@ -2,6 +2,9 @@
 
 #include "api/custom_report.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -30,6 +33,20 @@ struct Report : CustomReport {
     {
         QByteArray bytes;
         return generateReport(&bytes, ReportOutputKind::Json);
+    }
+    QJsonValue document()
+    {
+        QByteArray bytes;
+        EXPECT_EQ(generateReport(&bytes, ReportOutputKind::Json), 0) << text();
+        return QJsonDocument::fromJson(bytes).object();
+    }
+    /// The five texts of "bound1" or "bound2".
+    std::string bound(const char* key) const
+    {
+        QStringList texts;
+        for (const char* part : {"long", "short", "type", "subsectionId", "subsectionHeading"})
+            texts += metricValue(QString("overview.%1.%2").arg(key, part)).toString();
+        return texts.join('|').toStdString();
     }
 
     /// Sets all that must be set.
