@@ -108,6 +108,7 @@ TEST(HtmlToPlainText, BreaksAtBlocksAndWraps)
         {words, {HtmlOptions::noWrapping, true}, words},
         {"longer words", {3, true}, "longer\nwords"},
         {"a<br>bb cc", {4, true}, "a\nbb\ncc"},
+        {"aa&#13;bb cc", {6, false}, "aa\rbb cc"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(htmlToPlainText(row.html, row.options), row.text) << row.html.toStdString();
@@ -118,10 +119,11 @@ TEST(CloseVoidTags, AgreesWithThePatternsOnGeneratedText)
     const QStringList names =
         QString("area base br col embed hr img input keygen link meta param source track wbr")
             .split(' ');
-    const QStringList pieces =
-        QString(
-            "<br;<hr;<col;<b;>;/;\";'; a=\";=';x; ;<;/>;<img src='a>b';<wbr>;\n;<BR>;group;\"'\"")
+    QStringList pieces =
+        QString("<br;<hr;<col;<b;>;/;\";'; a=\";=';x; ;<;/>;<img src='a>b';\n;<BR>;group;\"'\"")
             .split(';');
+    for (const QString& name : names)
+        pieces += '<' + name + '>';
     std::mt19937 random(20162);
     int changed = 0;
     for (int round = 0; round < 4000; ++round) {
