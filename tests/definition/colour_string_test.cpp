@@ -61,6 +61,7 @@ TEST(ColourString, refusesWithAMessage)
         {"hsl(360,101,0)", outOfRange.arg("hue", "360", "359")},
         {"hsl(0,101,0)", outOfRange.arg("saturation", "101", "100")},
         {"hsl(0,100,101)", outOfRange.arg("lightness", "101", "100")},
+        {"hsv(360,0,0)", outOfRange.arg("hue", "360", "359")},
         {"hsv(0,-5,0)", outOfRange.arg("saturation", "-5", "100")},
         {"hsv(0,0,255)", outOfRange.arg("value", "255", "100")},
         {"RGB(1,2,3)", badPrefix},

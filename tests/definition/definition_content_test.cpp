@@ -183,8 +183,10 @@ TEST(DefinitionContent, hasLimits)
     }
 
     QString sections;
-    for (int i = 0; i < 101; ++i)
+    for (int i = 0; i < 100; ++i)
         sections += QString("<subsection id='s%1' heading='S' maxAdviceStrings='1000'/>").arg(i);
+    EXPECT_TRUE(load(document({}, {}, sections)).definition);
+    sections += "<subsection id='one' heading='more'/>";
     EXPECT_TRUE(
         load(document({}, {}, sections))
             .error.endsWith("The subsections have more than 100000 advice strings together."));

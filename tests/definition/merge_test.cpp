@@ -202,6 +202,11 @@ TEST(Merge, refusesADocumentOfAnotherKindOrShape)
     definition->setLogo("kept.png");
     EXPECT_FALSE(definition->merge("<partialReport name='p'/>", {}, compiledInSchema(), &error, 0));
     EXPECT_TRUE(error.startsWith("The report definition XML does not have the attribute xmlns="));
+    const char bad[] = "<x xmlns=\"http://www.corvane.example/2016/CorvaneReports\"/>";
+    EXPECT_FALSE(definition->merge(bad, QUrl("u:x"), compiledInSchema(), &error, 0));
+    EXPECT_TRUE(error.startsWith("u:x at line 1 ")) << "no earlier message in front";
+    EXPECT_FALSE(ReportDefinition::load(bad, QUrl("u:x"), compiledInSchema(), &error, 0, {}));
+    EXPECT_TRUE(error.startsWith("u:x at line 1 ")) << "no earlier message in front";
     EXPECT_EQ(definition->logo(), "kept.png") << "refused before anything is read";
 
     ReportMetric a = definition->metric("a");

@@ -85,7 +85,7 @@ TEST(ExpandPlaceholders, RefusesWhatItDoesNotKnow)
 
 TEST(ExpandPlaceholders, LeavesOtherTextsAndAnEarlierErrorAlone)
 {
-    for (const char* text : {"", "plain $ { } text", "${speed", "${{speed}}"}) {
+    for (const char* text : {"", "plain $ { } text", "${speed", "${{speed}}", "${a$b}"}) {
         QString error = "an earlier one";
         EXPECT_EQ(expandPlaceholders(makeDefinition(), text, &error), text);
         EXPECT_EQ(error, "an earlier one");
