@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace vantrel {
@@ -40,13 +41,15 @@ protected:
             {"count", 1234},      {"raw", -0.5},       {"broken", infinity}};
         for (const auto& [id, value] : values)
             EXPECT_EQ(report.setValueFromCaller(id, value), VANTREL_OK) << report.errorMessage();
-        report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_NAME, "sample & co");
+        report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_NAME, "s\xC3\xA4mple & co");
+        report.setStringFromCaller("custom.report.metric.fault", "no <fault>");
         report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 4);
         report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_NUM_NODES, 1);
         report.setValueFromCaller(CORVANE_APPLICATION_DETAIL_TIME, 90);
         report.setStringFromCaller(CORVANE_APPLICATION_DETAIL_EXE_PATH, "/opt/sample");
-        report.setSubsectionAdvice("cpu", 1, "Use <b>fewer</b> cores");
-        report.setDominantMetricAdvice("Think &amp; measure");
+        report.setSectionAdviceFromCaller("cpu", "Use <b>\xE2\x89\xA4 4</b> cores");
+        report.setSummaryAdviceFromCaller("cpu", "Na\xC3\xAFve");
+        report.setDominantMetricAdvice("Think &amp; m\xC3\xA9nage");
     }
 
     QByteArray generate(ReportOutputKind kind)
@@ -129,6 +132,20 @@ TEST_F(ReportForms, PageIsCompleteAndTheSameEachTime)
     for (const char* pattern :
          {"<script[^>]*\\ssrc=", "<link\\b", "@import", "url\\(\\s*['\"]?http"})
         EXPECT_FALSE(text.contains(QRegularExpression(pattern))) << pattern;
+}
+
+TEST_F(ReportForms, SizesOfMemoryAreInBinaryUnits)
+{
+    const std::pair<const char*, QVariant> values[] = {
+        {"applicationDetails.hasGpu", true},
+        {"applicationDetails.hostMemory.plain", fromDoubleWithPrecision({std::ldexp(64, 30), 3})},
+        {"applicationDetails.hostGpuMemory.plain",
+         fromDoubleWithPrecision({std::ldexp(16, 30), 3})}};
+    for (const auto& [id, value] : values)
+        EXPECT_EQ(report.setMetricValue(id, value, RejectUnknown), VANTREL_OK);
+    EXPECT_TRUE(generate(ReportOutputKind::Text)
+                    .contains("\nMemory:         64 GiB per node, 16 GiB per GPU\n"))
+        << generate(ReportOutputKind::Text).constData();
 }
 
 TEST_F(ReportForms, KindOutsideTheTableGivesAWarningAndNothingElse)

@@ -70,23 +70,31 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
 
 TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
 {
-    ReportDefinition definition;
-    definition.setLogo("https://www.corvane.example/downloads/vantrel-logo-50.png");
-    definition.setLogoLink("https://www.corvane.example/products/vantrel");
-    QJsonArray logos = makeBrandingData(definition).value("logos").toArray();
-    ASSERT_EQ(logos.size(), 1);
-    EXPECT_EQ(logos.first().toObject().value("height").toInt(), 150);
-    EXPECT_TRUE(logos.first().toObject().value("altData").toString().startsWith(
-        "data:image/png;base64,iVBOR"));
-
-    definition.setLogo("own.png");
-    definition.setLogoLink("");
-    logos = makeBrandingData(definition).value("logos").toArray();
-    ASSERT_EQ(logos.size(), 2);
-    EXPECT_EQ(logos.first().toObject().keys(), QStringList({"height", "image"}));
-    EXPECT_EQ(logos.last().toObject().value("image").toString(),
-              "https://www.corvane.example/downloads/powered-by-corvane-reports-61.png");
-    EXPECT_EQ(logos.last().toObject().value("height").toInt(), 30);
+    const QString site = "https://www.corvane.example/";
+    const struct {
+        QString logo, link, described;
+    } rows[] = {
+        {site + "downloads/vantrel-logo-50.png", site + "x",
+         "150 " + site + "downloads/vantrel-logo-50.png " + site + "x data:image/png;base64,iVBOR"},
+        {"own.png", "",
+         "150 own.png  |30 " + site + "downloads/powered-by-corvane-reports-61.png " + site +
+             "products/corvane-vantrels data:image/png;base64,iVBOR"},
+    };
+    for (const auto& row : rows) {
+        ReportDefinition definition;
+        definition.setLogo(row.logo);
+        definition.setLogoLink(row.link);
+        QStringList described;
+        const QJsonArray logos = makeBrandingData(definition).value("logos").toArray();
+        for (const QJsonValue& logo : logos) {
+            described +=
+                QStringList({QString::number(logo["height"].toInt()), logo["image"].toString(),
+                             logo["link"].toString(), logo["altData"].toString().left(27)})
+                    .join(' ');
+        }
+        EXPECT_EQ(described.join('|'), row.described);
+        EXPECT_EQ(logos.first().toObject().contains("link"), !row.link.isEmpty());
+    }
     EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), "");
 }
 
