@@ -10,12 +10,8 @@ using namespace vantrel::report;
 
 TEST(CustomReport, setsValuesOfCallers)
 {
-    const struct {
-        const char* id;
-        QVariant value;
-        int code;
-        QString message; ///< or the key under which the value is found
-    } rows[] = {
+    // The message, or the key under which the value is found, comes last.
+    const std::tuple<const char*, QVariant, int, QString> rows[] = {
         {"cpu", 1.5, 0, "custom.report.metric.cpu"},
         {"a.b", std::nan(""), 0, "custom.report.metric.a.b"},
         {"custom.report.metric.text", "\xE2\x82\xAC", 0, "custom.report.metric.text"},
@@ -32,14 +28,11 @@ TEST(CustomReport, setsValuesOfCallers)
         {"known", 1.0, 4, "unknown metric: \"custom.report.metric.known\""},
         {"%s%n", 1.0, 4, "unknown metric: \"%s%n\""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.message.toStdString());
+    for (const auto& [id, value, code, text] : rows) {
         Report report;
-        EXPECT_EQ(report.set(row.id, row.value), row.code);
-        EXPECT_EQ(report.text(), row.code == 0 ? "" : row.message.toStdString());
-        if (row.code == 0) {
-            EXPECT_EQ(report.metricValue(row.message).toString(), row.value.toString());
-        }
+        EXPECT_EQ(report.told(report.set(id, value)),
+                  std::to_string(code) + ' ' + (code == 0 ? "" : text.toStdString()));
+        EXPECT_EQ(report.metricValue(text).toString(), code == 0 ? value.toString() : QString());
     }
 }
 
@@ -61,7 +54,7 @@ TEST(CustomReport, takesApplicationDetailsAsFullKeys)
         ReportMetric metric;
         metric.id = id;
         report.appendMetric(metric);
-        EXPECT_EQ(report.set(id, value), 0) << report.text();
+        EXPECT_EQ(report.told(report.set(id, value)), "0 ");
         EXPECT_EQ(report.metricValue(QString("applicationDetails.") + key), value) << key;
     }
 }
@@ -73,9 +66,10 @@ TEST(CustomReport, declaresUnknownMetricsIfTold)
     EXPECT_EQ(report.setMetricValue("new.one", 8, RejectUnknown), 0);
     EXPECT_EQ(report.metricValue("new.one"), QVariant(8));
     report.fill();
+    EXPECT_EQ(report.generate(), 0);
     EXPECT_EQ(report.document()["data"]["new"]["one"].toInt(), 8);
-    EXPECT_EQ(report.setMetricValue("new.one", 1.0, DeclareUnknown), 10);
-    EXPECT_EQ(report.text(), "expected type \"Integer\" for metric \"new.one\"");
+    EXPECT_EQ(report.told(report.setMetricValue("new.one", 1.0, DeclareUnknown)),
+              "10 expected type \"Integer\" for metric \"new.one\"");
 }
 
 TEST(CustomReport, beginsWithItsIdentityAndDefaults)
@@ -111,11 +105,8 @@ TEST(CustomReport, beginsWithItsIdentityAndDefaults)
 TEST(CustomReport, storesBounds)
 {
     const std::string cpu = "CPU-bound|CPU|custom.report.metric.cpu|mem|Memory";
-    const struct {
-        int (CustomReport::*set)(const QString& id);
-        const char* id;
-        std::string first, second;
-    } rows[] = {
+    using Set = int (CustomReport::*)(const QString& id);
+    const std::tuple<Set, const char*, std::string, std::string> rows[] = {
         {&CustomReport::setDominantMetric, "cpu", cpu, "||||"},
         {&CustomReport::setSecondaryBound, "known", cpu, "K-bound|K|known||"},
         {&CustomReport::setSecondaryBound, "cpu", cpu, cpu},
@@ -126,38 +117,34 @@ TEST(CustomReport, storesBounds)
     ReportMetric nameless = report.metric("a.b");
     nameless.displayName.clear();
     report.setMetrics({report.metric("cpu"), report.metric("known"), nameless});
-    for (const auto& row : rows) {
-        EXPECT_EQ((report.*row.set)(row.id), 0) << report.text();
-        EXPECT_EQ(report.bound("bound1"), row.first);
-        EXPECT_EQ(report.bound("bound2"), row.second);
+    for (const auto& [set, id, first, second] : rows) {
+        EXPECT_EQ(report.told((report.*set)(id)), "0 ");
+        EXPECT_EQ(report.bound("bound1"), first);
+        EXPECT_EQ(report.bound("bound2"), second);
     }
     EXPECT_FALSE(report.value("overview.bound2.long").isNull()) << "cleared, not as it began";
-    EXPECT_EQ(report.setSecondaryBound("%d"), 4);
-    EXPECT_EQ(report.text(), "metric \"%d\" not recognised");
-    EXPECT_EQ(report.setDominantMetricFromCaller("a\xFF"), 8);
-    EXPECT_EQ(report.text(), "invalid UTF-8 sequence found in metric name");
-    EXPECT_EQ(report.bound("bound1"), std::end(rows)[-1].first);
+    EXPECT_EQ(report.told(report.setSecondaryBound("%d")), "4 metric \"%d\" not recognised");
+    EXPECT_EQ(report.told(report.setDominantMetricFromCaller("a\xFF")),
+              "8 invalid UTF-8 sequence found in metric name");
+    EXPECT_EQ(report.bound("bound1"), std::get<2>(std::end(rows)[-1]));
 }
 
 TEST(CustomReport, choosesTheFirstGreatestOfTheSummary)
 {
-    const struct {
-        double cpu, ab, known;
-        const char* best;
-    } rows[] = {
+    const std::tuple<double, double, double, const char*> rows[] = {
         {5, 5, 5, "cpu"},
         {1, 5, 5, "a.b"},
         {std::nan(""), 9, 9, "cpu"},
         {1, std::nan(""), 2, "known"},
         {-3, -2, -HUGE_VAL, "a.b"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [cpu, ab, known, best] : rows) {
         Report report;
-        report.fill(row.cpu, row.ab, row.known);
-        EXPECT_EQ(report.computeDominantMetric(), row.best);
-        EXPECT_EQ(report.generate(), 0) << report.text();
-        const ReportMetric best = report.metric(row.best);
-        EXPECT_EQ(report.value("overview.bound1.type"), qualifiedMetricId(best, report.idScheme()));
+        report.fill(cpu, ab, known);
+        EXPECT_EQ(report.computeDominantMetric(), best);
+        EXPECT_EQ(report.told(report.generate()), "0 ");
+        EXPECT_EQ(report.value("overview.bound1.type"),
+                  qualifiedMetricId(report.metric(best), report.idScheme()));
     }
 }
 

@@ -1,47 +1,46 @@
 #include "api/test_report.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+#include <tuple>
 
 using namespace vantrel;
 using namespace vantrel::report;
 
 TEST(ReportOutput, tellsWhatIsMissing)
 {
-    const auto failureOf = [](Report& report) {
-        char place = 'x';
-        char* output = &place;
-        EXPECT_EQ(report.generateAndWrite(&output, ReportOutputKind::Json), 7);
-        EXPECT_EQ(output, nullptr);
-        return report.text();
-    };
-    Report unset;
-    EXPECT_EQ(failureOf(unset), "No metric value has been set for 'cpu'");
-
-    const std::string list = "No metric values have been set for the following metrics:\n        ";
+    const std::string list =
+        "7 No metric values have been set for the following metrics:\n        ";
+    char place = 'x';
+    char* output = &place;
+    Report report;
+    EXPECT_EQ(report.told(report.generateAndWrite(&output, ReportOutputKind::Json)),
+              "7 No metric value has been set for 'cpu'");
+    EXPECT_EQ(output, nullptr);
     Report withoutDetails;
     withoutDetails.fillMetrics();
-    EXPECT_EQ(failureOf(withoutDetails),
+    EXPECT_EQ(withoutDetails.told(withoutDetails.generate()),
               list + "applicationDetails.exeName\n        applicationDetails.processes.plain");
-
     // The id of a bound may be skipped, but not its key.
     Report withBound(
         QByteArray(definition)
             .replace("</reportMetrics>",
                      "<reportMetric id='overview.bound1.long' displayName='%'/></reportMetrics>"));
     withBound.fill();
-    EXPECT_EQ(failureOf(withBound), list + "custom.report.metric.overview.bound1.long");
-
-    Report report;
+    EXPECT_EQ(withBound.told(withBound.generate()),
+              list + "custom.report.metric.overview.bound1.long");
+    Report empty;
+    empty.fill();
+    empty.setSummary({});
+    EXPECT_EQ(empty.told(empty.generate()),
+              list + "overview.bound1.long\n        overview.bound1.short\n        "
+                     "overview.bound1.subsectionHeading\n        overview.bound1.subsectionId\n"
+                     "        overview.bound1.type");
     ReportMetric strange = report.metric("cpu");
     strange.id = "%5d%%";
     report.setMetrics({strange});
-    EXPECT_EQ(report.generate(), 7);
-    EXPECT_EQ(report.text(), "No metric value has been set for '    0%'");
+    EXPECT_EQ(report.told(report.generate()), "7 No metric value has been set for '    0%'");
 }
 
 TEST(ReportOutput, namesThePlaceOfBadPlaceholders)
@@ -49,52 +48,41 @@ TEST(ReportOutput, namesThePlaceOfBadPlaceholders)
     const char heading[] = "<heading>h</heading>";
     const char late[] = "<entry id='late' reportMetric='a.b' order='1'/>";
     const char entry[] = "<entry reportMetric='a.b'/>";
-    const struct {
-        const char* before;
-        const char* after;
-        const char* key; ///< as the message names it; null if there is none
-        const char* place = "";
-    } rows[] = {
+    const QString described = "<entry reportMetric='a.b'><description>%1</description></entry>";
+    // What is replaced, by what, the key that the message names or null, and the place in it.
+    const std::tuple<const char*, QString, const char*, const char*> rows[] = {
         {heading, "<heading>h</heading><footer>${*}</footer>", "*", " (in summary footer)"},
         {late, "<entry id='late' reportMetric='a.b'><description>${*no}</description></entry>",
          "*no", " (in summary entry a.b)"},
         {entry, "<text>${}</text><entry reportMetric='a.b'/>", "",
          " (in description of subsection mem)"},
-        {entry,
-         "<entry reportMetric='a.b'><description>${q}</description></entry><entry "
-         "reportMetric='a.b'><description>no placeholder</description></entry>",
-         "q"},
-        {entry,
-         "<entry reportMetric='a.b'><description>${q}</description></entry><entry "
-         "reportMetric='a.b'><description>${*cpu}</description></entry>",
-         nullptr},
-        {heading, "<heading>${cpu} ${%3d%s%%} ${y}</heading>", "  0%"},
+        {entry, described.arg("${q}") + described.arg("no placeholder"), "q", ""},
+        {entry, described.arg("${q}") + described.arg("${*cpu}"), nullptr, ""},
+        {heading, "<heading>${cpu} ${%3d%s%%} ${y}</heading>", "  0%", ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.after);
-        Report report(QByteArray(definition).replace(row.before, row.after));
+    for (const auto& [before, after, key, where] : rows) {
+        Report report(QByteArray(definition).replace(before, after.toUtf8()));
         report.fill();
-        EXPECT_EQ(report.generate(), row.key ? 103 : 0);
-        const QString begin = "Invalid placeholder \"${%1}\" in report:\n        R ()\n";
-        const QString text = QString::fromStdString(report.text());
-        EXPECT_TRUE(text.startsWith(row.key ? begin.arg(row.key) : "")) << report.text();
-        EXPECT_TRUE(text.endsWith(row.place)) << report.text();
-        EXPECT_EQ(text.isEmpty(), !row.key);
+        const QString text = QString::fromStdString(report.told(report.generate()));
+        const QString begin = "103 Invalid placeholder \"${%1}\" in report:\n        R ()\n";
+        EXPECT_TRUE(text.startsWith(key ? begin.arg(key) : "0 ")) << text.toStdString();
+        EXPECT_TRUE(text.endsWith(where)) << text.toStdString();
+        EXPECT_EQ(text.size() < 3, !key) << text.toStdString();
     }
 }
 
 TEST(ReportOutput, stopsChoosingAtAMetricWithoutANumber)
 {
+    const auto choose = [](Report& report) {
+        return report.computeDominantMetric().toStdString() + report.errorMessage();
+    };
     Report report;
-    EXPECT_EQ(report.computeDominantMetric(), "");
-    EXPECT_EQ(report.text(), "metric \"cpu\" can't be converted to double");
+    EXPECT_EQ(choose(report), "metric \"cpu\" can't be converted to double");
     report.set("cpu", 1.0);
-    EXPECT_EQ(report.computeDominantMetric(), "");
-    EXPECT_EQ(report.text(), "metric \"a.b\" can't be converted to double");
+    EXPECT_EQ(choose(report), "metric \"a.b\" can't be converted to double");
     Report other(QByteArray(definition).replace("'known' order='2'", "'text' order='0'"));
     other.fill();
-    EXPECT_EQ(other.generate(), 7);
-    EXPECT_EQ(other.text(), "metric \"text\" can't be converted to double");
+    EXPECT_EQ(other.told(other.generate()), "7 metric \"text\" can't be converted to double");
 }
 
 TEST(ReportOutput, keepsTheBoundThatTheCallerSet)
@@ -108,43 +96,28 @@ TEST(ReportOutput, keepsTheBoundThatTheCallerSet)
                 incomplete.set(QByteArray("overview.bound1.") + part, "mine");
         }
         EXPECT_EQ(incomplete.generate(), 0) << missing;
-        EXPECT_EQ(incomplete.value("overview.bound1.long"), "K-bound") << missing;
+        EXPECT_EQ(incomplete.bound("bound1"), "K-bound|K|known||") << missing;
     }
     Report report;
     report.fill(1, 2, 3);
     EXPECT_EQ(report.setDominantMetricFromCaller("cpu"), 0);
     EXPECT_EQ(report.set("overview.bound1.long", "mine"), 0);
     EXPECT_EQ(report.generate(), 0);
-    EXPECT_EQ(report.value("overview.bound1.long"), "mine");
-    EXPECT_EQ(report.value("overview.bound1.subsectionHeading"), "Memory");
-
-    Report empty;
-    empty.fill();
-    empty.setSummary({});
-    EXPECT_EQ(empty.generate(), 7);
-    EXPECT_EQ(empty.text(), "No metric values have been set for the following metrics:\n"
-                            "        overview.bound1.long\n        overview.bound1.short\n"
-                            "        overview.bound1.subsectionHeading\n"
-                            "        overview.bound1.subsectionId\n        overview.bound1.type");
+    EXPECT_EQ(report.bound("bound1"), "mine|CPU|custom.report.metric.cpu|mem|Memory");
 }
 
 TEST(ReportOutput, writesTheBytesOfTheDocument)
 {
     Report report;
     report.fill();
-    EXPECT_EQ(report.generateAndWrite(nullptr, ReportOutputKind::Json), 13);
-    EXPECT_EQ(report.text(), "Pointer to receive the report output buffer is NULL");
-    Report other;
-    other.fill();
-    QByteArray bytes;
     char* output = nullptr;
-    EXPECT_EQ(other.generateReport(&bytes, ReportOutputKind::Json), 0);
-    EXPECT_EQ(other.generateAndWrite(&output, ReportOutputKind::Json), 0);
-    EXPECT_EQ(std::memcmp(output, bytes.constData(), std::size_t(bytes.size())), 0);
+    EXPECT_EQ(report.generate() + report.generateAndWrite(&output, ReportOutputKind::Json), 0);
+    EXPECT_EQ(std::memcmp(output, report.bytes.constData(), std::size_t(report.bytes.size())), 0);
     std::free(output);
-    const QJsonObject data = QJsonDocument::fromJson(bytes).object();
-    EXPECT_EQ(data["data"]["applicationDetails"]["exeName"].toString(), "exe");
-    EXPECT_EQ(data["data"]["overview"]["bound1"]["type"].toString(), "known");
+    EXPECT_EQ(report.document()["data"]["applicationDetails"]["exeName"].toString(), "exe");
+    EXPECT_EQ(report.document()["data"]["overview"]["bound1"]["type"].toString(), "known");
+    EXPECT_EQ(report.told(report.generateAndWrite(nullptr, ReportOutputKind::Json)),
+              "13 Pointer to receive the report output buffer is NULL");
 }
 
 TEST(CustomReportText, tellsExceptionsAndNotices)
@@ -154,13 +127,12 @@ TEST(CustomReportText, tellsExceptionsAndNotices)
         try {
             throw exception;
         } catch (...) {
-            EXPECT_EQ(report.handleException("some_call"), 1);
+            return report.told(report.handleException("some_call"));
         }
-        return report.text();
     };
     EXPECT_EQ(messageOf(std::runtime_error("%s went wrong")),
-              "EXCEPTION! context: some_call | fatal error with found message: %s went wrong");
-    EXPECT_EQ(messageOf(1), "EXCEPTION! context: some_call | unknown error");
+              "1 EXCEPTION! context: some_call | fatal error with found message: %s went wrong");
+    EXPECT_EQ(messageOf(1), "1 EXCEPTION! context: some_call | unknown error");
 
     Report report;
     EXPECT_FALSE(report.hasNotices());
