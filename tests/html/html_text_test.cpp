@@ -11,9 +11,7 @@
 
 #include <random>
 
-namespace vantrel {
-
-namespace {
+using namespace vantrel;
 
 TEST(ValidateHtml, TestsTheNamesOfTags)
 {
@@ -26,7 +24,8 @@ TEST(ValidateHtml, TestsTheNamesOfTags)
         {"</html><script>", true},
         {"<b>bold</b> &eacute; &Scaron;", true},
         {"<br><br/><br /><br class=\"a>b\">", true},
-        {"<p>one<br>two</p><div><h6>x</h6><ul><ol/></ul></div><pre/><blockquote/>", true},
+        {"<p>one<br>two</p><div><h6>x</h6><ul><ol/></ul></div><pre/>", true},
+        {"<h1/><h2/><h3/><h4/><h5/><blockquote/>", true},
         {"<tt/><abbr/><acronym/><cite/><code/><dfn/><em/><kbd/><strong/><samp/><time/><var/>",
          true},
         {"<big/><small/><q/><span/><sub/><sup/><label/><i/>", true},
@@ -67,10 +66,7 @@ TEST(ValidateHtml, RefusesTagsOfMoreThanAThousandAttributes)
         return text;
     };
     const QString thousand = attributes(1000);
-    const struct {
-        QString text;
-        bool isValid;
-    } rows[] = {
+    const std::pair<QString, bool> rows[] = {
         {"<b" + thousand + ">x</b>", true},
         {"<b" + attributes(100000) + ">x</b>", false},
         {"<b" + attributes(1001, "'>'") + ">x</b>", false},
@@ -91,11 +87,7 @@ TEST(ValidateHtml, RefusesTagsOfMoreThanAThousandAttributes)
 TEST(HtmlToPlainText, BreaksAtBlocksAndWraps)
 {
     const QString words = "one two three four";
-    const struct {
-        QString html;
-        HtmlOptions options;
-        QString text;
-    } rows[] = {
+    const std::tuple<QString, HtmlOptions, QString> rows[] = {
         {"<p>a</p><p>b</p>", {}, "a\n\nb\n\n"},
         {"a<div>b</div>c", {}, "a\nb\nc"},
         {"a<br>b<h1>c</h1>", {}, "a\nb\nc\n"},
@@ -105,13 +97,15 @@ TEST(HtmlToPlainText, BreaksAtBlocksAndWraps)
         {"a &nosuch; b", {}, "a "},
         {words, {9, true}, "one two\nthree\nfour"},
         {words, {1, true}, "one\ntwo\nthree\nfour"},
+        {"one two six four", {8, true}, "one two\nsix four"},
+        {"a b<br>ccccc", {4, true}, "a b\nccccc"},
         {words, {HtmlOptions::noWrapping, true}, words},
         {"longer words", {3, true}, "longer\nwords"},
         {"a<br>bb cc", {4, true}, "a\nbb\ncc"},
         {"aa&#13;bb cc", {6, false}, "aa\rbb cc"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(htmlToPlainText(row.html, row.options), row.text) << row.html.toStdString();
+    for (const auto& [html, options, text] : rows)
+        EXPECT_EQ(htmlToPlainText(html, options), text) << html.toStdString();
 }
 
 TEST(CloseVoidTags, AgreesWithThePatternsOnGeneratedText)
@@ -182,7 +176,3 @@ TEST(HtmlEntityResolver, KnowsTheNamesOfHtml)
     for (const char* name : {"nosuch", "", "EACUTE", "check", "\xC3\xA9"})
         EXPECT_EQ(resolver.resolveUndeclaredEntity(name), QString()) << name;
 }
-
-} // namespace
-
-} // namespace vantrel

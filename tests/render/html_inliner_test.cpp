@@ -11,7 +11,7 @@
 
 #include <random>
 
-namespace vantrel {
+using namespace vantrel;
 
 namespace {
 
@@ -142,5 +142,3 @@ TEST_F(HtmlInliner, TakesTimeInProportionToHostileText)
 }
 
 } // namespace
-
-} // namespace vantrel

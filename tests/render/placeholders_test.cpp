@@ -4,9 +4,8 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
-
-using namespace report;
+using namespace vantrel;
+using namespace vantrel::report;
 
 namespace {
 
@@ -93,5 +92,3 @@ TEST(ExpandPlaceholders, LeavesOtherTextsAndAnEarlierErrorAlone)
 }
 
 } // namespace
-
-} // namespace vantrel

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+using namespace corvane;
 
 namespace {
 
@@ -117,5 +117,3 @@ TEST(PageJson, HoldsNothingThatAPageCouldTakeForMarkup)
 }
 
 } // namespace
-
-} // namespace corvane

@@ -8,9 +8,8 @@
 
 #include <limits>
 
-namespace vantrel {
-
-using namespace report;
+using namespace vantrel;
+using namespace vantrel::report;
 
 namespace {
 
@@ -99,5 +98,3 @@ TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
 }
 
 } // namespace
-
-} // namespace vantrel
