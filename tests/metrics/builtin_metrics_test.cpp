@@ -56,11 +56,7 @@ TEST(BuiltinMetrics, areThreeListsWhateverTheVersion)
 
 TEST(BuiltinMetrics, areToldFromOthers)
 {
-    const struct {
-        const char* id;
-        bool isBuiltin;
-        bool isPlain;
-    } rows[] = {
+    const std::tuple<const char*, bool, bool> rows[] = {
         {"version", true, false},
         {"", false, false},
         {"cpu.memPercent", false, false},
@@ -70,9 +66,9 @@ TEST(BuiltinMetrics, areToldFromOthers)
         {"applicationDetails.gpusPerNode.plain", true, true},
         {"energy.accTotal.plain", false, true},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(isBuiltinMetric(row.id), row.isBuiltin) << row.id;
-        EXPECT_EQ(isPlainMetric(row.id), row.isPlain) << row.id;
+    for (const auto& [id, isBuiltin, isPlain] : rows) {
+        EXPECT_EQ(isBuiltinMetric(id), isBuiltin) << id;
+        EXPECT_EQ(isPlainMetric(id), isPlain) << id;
     }
 }
 

@@ -64,11 +64,7 @@ TEST(MetricStore, listsMissingValuesInOrder)
 
 TEST(MetricStore, writesValuesInTheFormOfTheirType)
 {
-    const struct {
-        MetricType type;
-        QVariant value;
-        const char* json;
-    } rows[] = {
+    const std::tuple<MetricType, QVariant, const char*> rows[] = {
         {MetricType::String, QString(), R"({"v":""})"},
         {MetricType::String, QString::fromUtf8("\xE2\x80\xA8\"</script>"),
          "{\"v\":\"\xE2\x80\xA8\\\"</script>\"}"},
@@ -83,11 +79,11 @@ TEST(MetricStore, writesValuesInTheFormOfTheirType)
         {MetricType::None, 1, R"({"v":null})"},
         {MetricType(6), 1, R"({"v":null})"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [type, value, json] : rows) {
         MetricStore store;
-        store.addDefinition(declare("v", row.type));
-        store.setValue("v", row.value);
-        EXPECT_EQ(textOf(store.toDataObject()), row.json);
+        store.addDefinition(declare("v", type));
+        store.setValue("v", value);
+        EXPECT_EQ(textOf(store.toDataObject()), json);
     }
     for (const double infinity : {HUGE_VAL, -HUGE_VAL}) {
         MetricStore store;

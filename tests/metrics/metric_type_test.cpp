@@ -42,11 +42,7 @@ TEST(MetricType, hasWords)
 
 TEST(MetricType, fitsExactlyOneForm)
 {
-    const struct {
-        const char* name;
-        QVariant value;
-        int type;
-    } rows[] = {
+    const std::tuple<const char*, QVariant, int> rows[] = {
         {"text", "1", 1},
         {"null text", QString(), 1},
         {"bool", true, 2},
@@ -63,15 +59,15 @@ TEST(MetricType, fitsExactlyOneForm)
         {"no value", QVariantMap{{"precision", 2}}, 0},
         {"hash", QVariantHash{{"value", 1.0}, {"precision", 2}}, 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(inferMetricType(row.value), MetricType(row.type));
-        for (const MetricType type : allTypes)
-            EXPECT_EQ(isValueOfType(type, row.value), row.type != 0 && int(type) == row.type);
-        EXPECT_EQ(isDoubleWithPrecisionValue(row.value), row.type == 5);
-        const DoubleWithPrecision pair = toDoubleWithPrecision(row.value);
-        EXPECT_EQ(pair.value, row.type == 5 ? 1.0 : 0.0);
-        EXPECT_EQ(pair.precision, row.type == 5 ? 2 : 0);
+    for (const auto& [name, value, type] : rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(inferMetricType(value), MetricType(type));
+        for (const MetricType other : allTypes)
+            EXPECT_EQ(isValueOfType(other, value), type != 0 && int(other) == type);
+        EXPECT_EQ(isDoubleWithPrecisionValue(value), type == 5);
+        const DoubleWithPrecision pair = toDoubleWithPrecision(value);
+        EXPECT_EQ(pair.value, type == 5 ? 1.0 : 0.0);
+        EXPECT_EQ(pair.precision, type == 5 ? 2 : 0);
     }
 }
 
@@ -96,11 +92,7 @@ TEST(MetricType, hasDefaultAndAbsentValues)
 
 TEST(MetricType, printsValues)
 {
-    const struct {
-        int type;
-        QVariant value;
-        const char* text;
-    } rows[] = {
+    const std::tuple<int, QVariant, const char*> rows[] = {
         {1, "a\n", "a\n"},
         {2, true, "1"},
         {2, false, "0"},
@@ -110,8 +102,8 @@ TEST(MetricType, printsValues)
         {5, fromDoubleWithPrecision({1234567, 3}), "1.23e+06"},
         {5, fromDoubleWithPrecision({0.12345678, 8}), "0.12345678"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(metricValueText(MetricType(row.type), row.value), row.text) << row.text;
+    for (const auto& [type, value, text] : rows)
+        EXPECT_EQ(metricValueText(MetricType(type), value), text) << text;
     EXPECT_TRUE(metricValueText(MetricType::None, 1).isNull());
 }
 

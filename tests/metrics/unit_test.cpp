@@ -113,10 +113,7 @@ TEST(Unit, readsBackEveryTextThatItShows)
 
 TEST(Unit, findsTheBestExponent)
 {
-    const struct {
-        const char* text;
-        std::vector<std::pair<DynamicNumber, int>> exponents;
-    } rows[] = {
+    const std::pair<const char*, std::vector<std::pair<DynamicNumber, int>>> rows[] = {
         {"B", {{1023, 0}, {1024, 1}, {0.5, 0}, {1e300, 8}, {Unsigned::max(), 6}}},
         {"kB", {{0.5, 0}, {{}, 1}}},
         {"MiB", {{0, 2}, {0.0001, 0}}},
@@ -127,10 +124,10 @@ TEST(Unit, findsTheBestExponent)
         {"W", {{1, 0}, {-5, -8}, {infinity, 8}, {-infinity, -8}, {notANumber, 0}}},
         {"things", {{1e7, 2}, {1e30, 8}, {1e-30, -8}}},
     };
-    for (const auto& row : rows) {
-        for (const auto& [quantity, exponent] : row.exponents)
-            EXPECT_EQ(Unit(row.text, 0).bestExponent(quantity), exponent)
-                << row.text << ' ' << quantity.toString().toStdString();
+    for (const auto& [text, exponents] : rows) {
+        for (const auto& [quantity, exponent] : exponents)
+            EXPECT_EQ(Unit(text, 0).bestExponent(quantity), exponent)
+                << text << ' ' << quantity.toString().toStdString();
     }
     EXPECT_EQ(Unit("MiB", 0).scaleFor(0.5), 1 / 1024.0);
     Unit unit("processes", 7);
@@ -146,13 +143,7 @@ TEST(Unit, findsTheBestExponent)
 
 TEST(FitUnits, givesUnitsAndFactor)
 {
-    const struct {
-        const char* units;
-        double quantity;
-        int system;
-        const char* shown;
-        double factor;
-    } rows[] = {
+    const std::tuple<const char*, double, int, const char*, double> rows[] = {
         {"bytes/s", 2048, 0, "kibibytes/s", 1024},
         {"B/s", 2048, 1, "kB/s", 1000},
         {"bytes/seconds", 5, 0, "bytes/second", 1},
@@ -168,13 +159,12 @@ TEST(FitUnits, givesUnitsAndFactor)
         {"second", 0.5, 0, "milliseconds", 0.001},
         {"s", 0.001, 0, "s", 1},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.units);
+    for (const auto& [units, quantity, system, text, expected] : rows) {
         QString shown;
         double factor = 0;
-        fitUnits(row.units, row.quantity, shown, factor, row.system);
-        EXPECT_EQ(shown.toStdString(), row.shown);
-        EXPECT_EQ(factor, row.factor);
+        fitUnits(units, quantity, shown, factor, system);
+        EXPECT_EQ(shown.toStdString(), text) << units;
+        EXPECT_EQ(factor, expected) << units;
     }
 }
 
