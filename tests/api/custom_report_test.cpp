@@ -3,7 +3,6 @@
 #include <QTextCodec>
 
 #include <cmath>
-#include <tuple>
 
 using namespace vantrel;
 using namespace vantrel::report;

@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
-#include <tuple>
 
 using namespace vantrel;
 using namespace vantrel::report;

@@ -21,11 +21,7 @@ TEST(DefinitionContent, goesOnAfterReportedTrouble)
 {
     const QString badErrorMetric = "errorMetric attribute must refer to a string metric, but "
                                    "metric \"%1\" is of type \"%2\"";
-    const struct {
-        const char* kind;
-        QString text;
-        QString message;
-    } rows[] = {
+    const std::tuple<const char*, QString, QString> rows[] = {
         {"Warning", document("<x>@<reportMetric/></x>"),
          "Unrecognised element 'x' in <reportMetric>"},
         {"Warning", summary("<x/>@"), "Unrecognised element 'x' in <summary>"},
@@ -45,14 +41,15 @@ TEST(DefinitionContent, goesOnAfterReportedTrouble)
         {"Error", section("errorMetric='a' maxAdviceStrings='-1'/>@"),
          "Attribute 'maxAdviceStrings' cannot be negative. Current value = -1."},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text.toStdString());
-        const Loaded loaded = load(row.text);
+    for (const auto& [kind, text, message] : rows) {
+        SCOPED_TRACE(text.toStdString());
+        const Loaded loaded = load(text);
         ASSERT_TRUE(loaded.definition);
-        EXPECT_EQ(loaded.error.toStdString(), framed(row.kind, row.text, row.message));
+        EXPECT_EQ(loaded.error.toStdString(), framed(kind, text, message));
         EXPECT_EQ(loaded.definition->summary().entries.size(), 1);
     }
-    EXPECT_EQ(load(std::end(rows)[-1].text).definition->subsection("s").maxAdviceStrings, -1);
+    EXPECT_EQ(load(std::get<1>(std::end(rows)[-1])).definition->subsection("s").maxAdviceStrings,
+              -1);
 }
 
 TEST(DefinitionContent, namesTheAddressInMessages)

@@ -68,11 +68,8 @@ const char* const sectionY = "y|Y|none||||0|1|";
 
 TEST(Merge, changesWhatAPartialDocumentSays)
 {
-    const struct {
-        QString content;
-        const char* before; ///< what it replaces in the description of the full definition
-        const char* after;
-    } rows[] = {
+    // before: what it replaces in the description of the full definition
+    const std::tuple<QString, const char*, const char*> rows[] = {
         {"<x/>" + metrics.arg("<reportMetric id='b'/>"), "", ""},
         {"<subsections/><summary><entry id='e' reportMetric='a'/></summary>", "", ""},
         {metrics.arg("<reportMetric id='a'/>"), "", ""},
@@ -107,15 +104,15 @@ TEST(Merge, changesWhatAPartialDocumentSays)
          "y|Y|none||||0|1|\nx|X|#ff0000|old|t|a|2|3|a", "x|N|none||||0|1|"},
     };
     // Display order puts the subsection without an order first.
-    const QString before =
+    const QString old =
         QStringList({metricA, metricT, "H|F", "e:a", sectionY, sectionX}).join('\n');
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.content.toStdString());
+    for (const auto& [content, before, after] : rows) {
+        SCOPED_TRACE(content.toStdString());
         const auto definition = fullDefinition();
-        ASSERT_EQ(describe(*definition), before);
-        EXPECT_EQ(merge(*definition, row.content), QString());
-        ASSERT_TRUE(before.contains(row.before));
-        EXPECT_EQ(describe(*definition), QString(before).replace(row.before, row.after));
+        ASSERT_EQ(describe(*definition), old);
+        EXPECT_EQ(merge(*definition, content), QString());
+        ASSERT_TRUE(old.contains(before));
+        EXPECT_EQ(describe(*definition), QString(old).replace(before, after));
         EXPECT_EQ(definition->partialReports().keys(), QStringList("part"));
         int advices = 0;
         for (const Subsection& subsection : definition->subsections())

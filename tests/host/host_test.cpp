@@ -47,13 +47,7 @@ QString missingDirectory(const QString& path)
 
 TEST(EnvironmentOptions, takeTheFirstPrefixThatIsSet)
 {
-    const struct {
-        const char* odrin;
-        const char* pellam;
-        const char* corvane;
-        const char* text;
-        bool boolean;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*, bool> rows[] = {
         {nullptr, nullptr, nullptr, "/tmp", false},
         {"/a", nullptr, "/b", "/a", true},
         {nullptr, "/a", "/b", "/a", true},
@@ -68,10 +62,10 @@ TEST(EnvironmentOptions, takeTheFirstPrefixThatIsSet)
         {"0 ", nullptr, nullptr, "0 ", true},
         {"\xc3\xa9", nullptr, nullptr, "\xc3\xa9", true},
     };
-    for (const auto& row : rows) {
-        setOption(row.odrin, row.pellam, row.corvane);
-        EXPECT_EQ(textOption("T", "/tmp").toStdString(), row.text);
-        EXPECT_EQ(booleanOption("T"), row.boolean) << row.text;
+    for (const auto& [odrin, pellam, corvane, text, boolean] : rows) {
+        setOption(odrin, pellam, corvane);
+        EXPECT_EQ(textOption("T", "/tmp").toStdString(), text);
+        EXPECT_EQ(booleanOption("T"), boolean) << text;
     }
 }
 

@@ -70,19 +70,17 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
 TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
 {
     const QString site = "https://www.corvane.example/";
-    const struct {
-        QString logo, link, described;
-    } rows[] = {
+    const std::tuple<QString, QString, QString> rows[] = {
         {site + "downloads/vantrel-logo-50.png", site + "x",
          "150 " + site + "downloads/vantrel-logo-50.png " + site + "x data:image/png;base64,iVBOR"},
         {"own.png", "",
          "150 own.png  |30 " + site + "downloads/powered-by-corvane-reports-61.png " + site +
              "products/corvane-vantrels data:image/png;base64,iVBOR"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [own, link, expected] : rows) {
         ReportDefinition definition;
-        definition.setLogo(row.logo);
-        definition.setLogoLink(row.link);
+        definition.setLogo(own);
+        definition.setLogoLink(link);
         QStringList described;
         const QJsonArray logos = makeBrandingData(definition).value("logos").toArray();
         for (const QJsonValue& logo : logos) {
@@ -91,8 +89,8 @@ TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
                              logo["link"].toString(), logo["altData"].toString().left(27)})
                     .join(' ');
         }
-        EXPECT_EQ(described.join('|'), row.described);
-        EXPECT_EQ(logos.first().toObject().contains("link"), !row.link.isEmpty());
+        EXPECT_EQ(described.join('|'), expected);
+        EXPECT_EQ(logos.first().toObject().contains("link"), !link.isEmpty());
     }
     EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), "");
 }
