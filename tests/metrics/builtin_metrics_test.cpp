@@ -1,4 +1,5 @@
 #include "metrics/builtin_metrics.h"
+#include "metrics/metric_data.h"
 #include "metrics/value_definitions.h"
 
 #include <gtest/gtest.h>
@@ -7,16 +8,6 @@ using namespace vantrel;
 using namespace vantrel::report;
 
 namespace {
-
-/// One line for a metric: id, type, version, name and units, of which "-" is a null text.
-template <typename Metric>
-QString lineOf(const Metric& metric, int version)
-{
-    const auto word = [](const QString& text) { return text.isNull() ? QString("-") : text; };
-    return QString("%1|%2|%3|%4|%5")
-        .arg(metric.id, metricTypeName(metric.type), QString::number(version),
-             word(metric.displayName), word(metric.units));
-}
 
 QStringList linesOf(const QList<ReportMetric>& metrics)
 {

@@ -18,57 +18,41 @@ using Unsigned = std::numeric_limits<quint64>;
 const double infinity = std::numeric_limits<double>::infinity();
 const double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-std::string shown(const UnitPrefix& prefix)
+/// The prefix with exponent and system, the base with its kind, the use of symbols, radix and text.
+std::string shown(const Unit& unit)
 {
-    return prefix.symbol.toStdString() + std::to_string(prefix.exponent) + '/' +
-           std::to_string(prefix.system);
+    const QStringList parts({unit.prefix.symbol + QString::number(unit.prefix.exponent) + '/' +
+                                 QString::number(unit.prefix.system),
+                             unit.isEmpty() ? "-" : unit.base.symbol,
+                             QString::number(unit.base.kind), QString::number(unit.useSymbol),
+                             QString::number(unit.radix()), unit.text(false)});
+    return parts.join('|').toStdString();
 }
-
-struct UnitRow {
-    const char* text;
-    int system;
-    const char* prefix; ///< the prefix's symbol, exponent and system
-    const char* base;   ///< the base's symbol; null for an empty unit
-    int kind;
-    bool useSymbol;
-    int radix;
-    const char* plural; ///< the text to show
-};
-
-const UnitRow unitRows[] = {
-    {"B", 1, "0/0", "B", 1, true, 1000, "B"},
-    {"bytes", 0, "0/0", "B", 1, false, 1024, "bytes"},
-    {"kB", 2, "k1/1", "B", 1, true, 1000, "kB"},
-    {"KiB", 0, "Ki1/2", "B", 1, true, 1024, "KiB"},
-    {"kibibytes", 0, "Ki1/2", "B", 1, false, 1024, "kibibytes"},
-    {"Wh", 0, "0/0", "Wh", 1, true, 1000, "Wh"},
-    {"joule", 0, "0/0", "joule", 2, true, 1000, "joule"},
-    {"kb", 0, "0/0", "kb", 2, true, 1000, "kb"},
-    {"KB", 0, "0/0", "KB", 2, true, 1000, "KB"},
-    {"Kbytes", 2, "0/2", "Kbytes", 2, true, 1024, "Kbytes"},
-    {"processes", 7, "0/0", "processes", 2, true, 1, "processes"},
-    {"kilo things more", 0, "k1/1", "things more", 2, false, 1000, "kilo things more"},
-    {"Gi B", 0, "Gi3/2", "B", 2, true, 1024, "Gi B"},
-    {" things", 0, "0/0", "things", 2, true, 1000, "things"},
-    {"", 0, "0/0", "", 2, true, 1000, ""},
-    {"many things", 2, "0/0", nullptr, 0, true, 1024, ""},
-};
 
 } // namespace
 
 TEST(Unit, readsTexts)
 {
-    for (const UnitRow& row : unitRows) {
-        SCOPED_TRACE(row.text);
-        const Unit unit(row.text, row.system);
-        EXPECT_EQ(unit.isEmpty(), !row.base);
-        EXPECT_EQ(shown(unit.prefix), row.prefix);
-        EXPECT_EQ(unit.base.symbol.toStdString(), row.base ? row.base : "");
-        EXPECT_EQ(unit.base.kind, row.kind);
-        EXPECT_EQ(unit.useSymbol, row.useSymbol);
-        EXPECT_EQ(unit.radix(), row.radix);
-        EXPECT_EQ(unit.text(false).toStdString(), row.plural);
-    }
+    const std::tuple<const char*, int, const char*> rows[] = {
+        {"B", 1, "0/0|B|1|1|1000|B"},
+        {"bytes", 0, "0/0|B|1|0|1024|bytes"},
+        {"kB", 2, "k1/1|B|1|1|1000|kB"},
+        {"KiB", 0, "Ki1/2|B|1|1|1024|KiB"},
+        {"kibibytes", 0, "Ki1/2|B|1|0|1024|kibibytes"},
+        {"Wh", 0, "0/0|Wh|1|1|1000|Wh"},
+        {"joule", 0, "0/0|joule|2|1|1000|joule"},
+        {"kb", 0, "0/0|kb|2|1|1000|kb"},
+        {"KB", 0, "0/0|KB|2|1|1000|KB"},
+        {"Kbytes", 2, "0/2|Kbytes|2|1|1024|Kbytes"},
+        {"processes", 7, "0/0|processes|2|1|1|processes"},
+        {"kilo things more", 0, "k1/1|things more|2|0|1000|kilo things more"},
+        {"Gi B", 0, "Gi3/2|B|2|1|1024|Gi B"},
+        {" things", 0, "0/0|things|2|1|1000|things"},
+        {"", 0, "0/0||2|1|1000|"},
+        {"many things", 2, "0/0|-|0|1|1024|"},
+    };
+    for (const auto& [text, system, expected] : rows)
+        EXPECT_EQ(shown(Unit(text, system)), expected) << text;
     EXPECT_TRUE(Unit().isEmpty());
 }
 
