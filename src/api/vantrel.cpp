@@ -3,6 +3,7 @@
 #include "api/custom_report.h"
 #include "api/library_id.h"
 #include "api/process_setup.h"
+#include "api/utf8_text.h"
 #include "host/process_end.h"
 
 #include <new>
@@ -94,8 +95,8 @@ int vantrel_set_value_string(vantrel_handle* report, char const* metricId, char 
         report->setError("null metric value found");
         return VANTREL_NULL_STRING;
     }
-    if (const int code = report->checkText(value, "metric value"))
-        return code;
+    if (vantrel::isTooLong(value) || !vantrel::isValidUtf8(value))
+        return report->checkText(value, "metric value");
     return guarded(report, __func__, [&] { return report->setStringFromCaller(metricId, value); });
 }
 
