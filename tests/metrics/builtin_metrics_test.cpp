@@ -1,3 +1,4 @@
+#include "definition/definition_text.h"
 #include "metrics/builtin_metrics.h"
 #include "metrics/metric_data.h"
 #include "metrics/value_definitions.h"
@@ -65,40 +66,26 @@ TEST(BuiltinMetrics, areToldFromOthers)
 
 TEST(ValueDefinitions, standInOrderAndTheBuiltinOnesWin)
 {
-    ReportDefinition definition;
-    ReportMetric metric;
-    metric.id = "b.c";
-    metric.displayName = "B";
-    metric.units = "%";
-    definition.appendMetric(metric);
-    metric.id = "report.name";
-    metric.corvaneMetricVersion = 2;
-    metric.type = MetricType::Bool;
-    metric.units = QString();
-    definition.appendMetric(metric);
-    SummaryEntry entry;
-    entry.id = "later";
-    definition.appendSummaryEntry(entry);
-    entry.id = "first";
-    entry.order = -1;
-    definition.appendSummaryEntry(entry);
-    Subsection subsection;
-    for (const int slots : {1, 2, 0, -1}) {
-        subsection.id = QString("s%1").arg(slots);
-        subsection.order = -slots;
-        subsection.maxAdviceStrings = slots;
-        definition.appendSubsection(subsection);
-    }
-    const QList<MetricDefinition> list = reportValueDefinitions(definition);
+    const Loaded loaded = load(
+        document("<reportMetric id='b.c' displayName='B' units='%'/><reportMetric id='report.name' "
+                 "displayName='N' type='boolean' corvaneMetricVersion='2'/>",
+                 "<entry id='first' reportMetric='a' order='-1'/>",
+                 "<subsection id='s1' heading='S' order='2'/>"
+                 "<subsection id='s2' heading='S' order='1' maxAdviceStrings='2'/>"
+                 "<subsection id='s0' heading='S' maxAdviceStrings='0'/>"
+                 "<subsection id='s-1' heading='S' maxAdviceStrings='-1'/>"));
+    ASSERT_TRUE(loaded.definition);
+    const QList<MetricDefinition> list = reportValueDefinitions(*loaded.definition);
     QStringList lines;
     for (const MetricDefinition& declared : list) {
         EXPECT_EQ(declared.valuePath, declared.id);
         lines += lineOf(declared, declared.version);
     }
-    const QStringList own{"custom.report.metric.b.c|Double|0|B|%",
-                          "report.name|Bool|2|B|-",
+    const QStringList own{"custom.report.metric.a|Double|0|A|-",
+                          "custom.report.metric.b.c|Double|0|B|%",
+                          "report.name|Bool|2|N|-",
                           "custom.report.summary.first.advice|String|0|Advice|-",
-                          "custom.report.summary.later.advice|String|0|Advice|-",
+                          "custom.report.summary.e.advice|String|0|Advice|-",
                           "custom.report.subsection.s2.advice1|String|0|Advice 1|-",
                           "custom.report.subsection.s2.advice2|String|0|Advice 2|-",
                           "custom.report.subsection.s1.advice1|String|0|Advice 1|-"};

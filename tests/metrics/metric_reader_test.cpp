@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <fstream>
-#include <limits>
 
 using namespace vantrel;
 
@@ -222,45 +221,6 @@ TEST(MetricReader, readsFiles)
     QFile missing(folder.filePath("none"));
     EXPECT_FALSE(store.readFile(missing, &error));
     EXPECT_EQ(error, "Unable to open file " + folder.filePath("none"));
-}
-
-TEST(MetricReader, readsBackWhatWasWritten)
-{
-    using Doubles = std::numeric_limits<double>;
-    using Integers = std::numeric_limits<int>;
-    QVariantList values{"", "plain", "null", QString(QChar(0)) + "\"\\\n</script>", false, true};
-    values << QString::fromUtf8("\xE2\x82\xAC\xF0\x9F\x98\x80") << 0 << -1 << Integers::min()
-           << Integers::max() << 0.0 << -1.5 << 0.1 << 1e300 << Doubles::denorm_min()
-           << Doubles::max() << Doubles::quiet_NaN() << fromDoubleWithPrecision({1e300, 3})
-           << fromDoubleWithPrecision({0.1, Integers::min()})
-           << fromDoubleWithPrecision({Doubles::quiet_NaN(), -1});
-    const QString texts[] = {QString(), "", "B/s"};
-    MetricStore store;
-    store.addDefinition(declare("version", Integer, 1));
-    store.setValue("version", 3);
-    for (int i = 0; i < values.size(); ++i) {
-        MetricDefinition metric = declare(QString("g%1.m%2").arg(i % 3).arg(i),
-                                          inferMetricType(values.at(i)), quint8(i % 4));
-        if (i % 2)
-            metric.valuePath = QString("p..%1.x.y%2").arg(i % 5).arg(i);
-        metric.units = texts[i % 3];
-        metric.displayName = texts[i / 3 % 3];
-        store.addDefinition(metric);
-        store.setValue(metric.id, values.at(i));
-    }
-    const QJsonObject file{{"metricData", store.toMetricDataObject()},
-                           {"data", store.toDataObject()}};
-    MetricStore again;
-    QString error;
-    ASSERT_TRUE(again.readJson(QJsonDocument(file).toJson(), &error)) << error.toStdString();
-    EXPECT_EQ(again.toMetricDataObject(), store.toMetricDataObject());
-    EXPECT_EQ(again.toDataObject(), store.toDataObject());
-    const QStringList ids = store.toMetricDataObject().keys();
-    EXPECT_EQ(again.metricRecords(ids), store.metricRecords(ids));
-    for (const QString& id : ids) {
-        EXPECT_EQ(again.definition(id), store.definition(id)) << id.toStdString();
-        EXPECT_TRUE(isValueOfType(store.definition(id).type, again.value(id))) << id.toStdString();
-    }
 }
 
 TEST(MetricRecords, haveGlobalNames)

@@ -77,24 +77,6 @@ TEST(Unit, knowsPrefixesAndBases)
               "J Joule joules -8 8 1,s second seconds -8 0 1,B byte bytes 0 8 2,");
 }
 
-TEST(Unit, readsBackEveryTextThatItShows)
-{
-    Unit unit;
-    for (const UnitPrefix& prefix : unitPrefixes()) {
-        unit.prefix = prefix;
-        for (const BaseUnit& base : baseUnits()) {
-            unit.base = base;
-            for (const int form : {0, 1, 2}) {
-                unit.useSymbol = form == 0;
-                const Unit again(unit.text(form == 1), unit.system());
-                SCOPED_TRACE(unit.text(form == 1).toStdString());
-                EXPECT_EQ(again.system(), unit.system());
-                EXPECT_EQ(again.text(form == 1), unit.text(form == 1));
-            }
-        }
-    }
-}
-
 TEST(Unit, findsTheBestExponent)
 {
     const std::pair<const char*, std::vector<std::pair<DynamicNumber, int>>> rows[] = {
