@@ -1,34 +1,9 @@
 /* The exported calls as a C program sees them, through the shared library. */
 #define _POSIX_C_SOURCE 200112L
-#include "vantrel.h"
+#include "hosts/host.h"
 
 #include <dirent.h>
 #include <locale.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
-
-static int failures = 0;
-
-#define CHECK(condition)                                                                           \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition);                        \
-            ++failures;                                                                            \
-        }                                                                                          \
-    } while (0)
-
-static char const definition[] =
-    "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=\"C\">"
-    "<reportMetrics>"
-    "<reportMetric id=\"speed\" displayName=\"Speed\" units=\"m/s\"/>"
-    "<reportMetric id=\"load\" displayName=\"Load\" units=\"%\"/>"
-    "<reportMetric id=\"text\" displayName=\"Text\" type=\"string\"/>"
-    "</reportMetrics>"
-    "<summary><heading>C</heading><entry id=\"a\" reportMetric=\"speed\"/>"
-    "<entry id=\"b\" reportMetric=\"load\"/><entry id=\"c\" reportMetric=\"load\"/></summary>"
-    "<subsections><subsection id=\"s\" heading=\"S\"><entry reportMetric=\"speed\"/></subsection>"
-    "</subsections></report>";
 
 static int same(char const* text, char const* expected)
 {
@@ -71,8 +46,8 @@ static void check_failing_calls(void)
     CHECK_FAILURE(vantrel_set_value_double(report, NULL, 1), VANTREL_UNKNOWN_METRIC,
                   "unknown metric: \"\"");
     CHECK_FAILURE(
-        vantrel_set_value_int(report, "speed", 1), VANTREL_WRONG_TYPE,
-        "attempt to set the value for metric \"speed\" to a \"int\". All user-defined metrics are "
+        vantrel_set_value_int(report, "a", 1), VANTREL_WRONG_TYPE,
+        "attempt to set the value for metric \"a\" to a \"int\". All user-defined metrics are "
         "of type \"double\" and must be set with vantrel_set_value_double(report,metricId,value).");
     CHECK_FAILURE(
         vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 0),
@@ -133,29 +108,26 @@ static void check_page(void)
     char untouched;
     char* page = &untouched;
     char* again = NULL;
-    CHECK(vantrel_set_value_double(report, "speed", 3.5) == VANTREL_OK);
-    CHECK(vantrel_set_value_double(report, "custom.report.metric.load", 50) == VANTREL_OK);
-    CHECK(vantrel_set_value_string(report, "custom.report.metric.text", "t") == VANTREL_OK);
+    CHECK(vantrel_set_value_double(report, "b.c", 3.5) == VANTREL_OK);
+    CHECK(vantrel_set_value_double(report, "custom.report.metric.a", 0.5) == VANTREL_OK);
     CHECK(vantrel_set_value_string(report, CORVANE_APPLICATION_DETAIL_EXE_NAME, "a<b") == 0);
     CHECK(vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_NODES, 0) == VANTREL_OK);
     CHECK(vantrel_write_html(report, NULL) == VANTREL_NULL_OUTPUT);
     CHECK(vantrel_has_error(report) == 0);
     CHECK(vantrel_set_value_int(report, CORVANE_APPLICATION_DETAIL_NUM_PROCESSES, 2) == 0);
-    CHECK(vantrel_set_dominant_metric(report, "load") == VANTREL_OK);
+    CHECK(vantrel_set_dominant_metric(report, "a") == VANTREL_OK);
     CHECK(vantrel_set_dominant_metric_advice(report, "<b>so</b>") == VANTREL_OK);
     CHECK(vantrel_set_summary_entry_advice(report, "a", "so") == VANTREL_OK);
     CHECK(vantrel_set_section_advice(report, "s", "a < b<br>c &eacute;") == VANTREL_OK);
     CHECK(vantrel_write_html(report, &page) == VANTREL_OK && page != &untouched);
-    CHECK(vantrel_write_html(report, &again) == VANTREL_OK && again != page);
+    CHECK((again = page_of(report)) != NULL);
     if (failures == 0) {
-        size_t const size = (size_t)(strstr(page, "</html>") - page) + strlen("</html>");
-        CHECK(memcmp(page, again, size) == 0);
-        page[size - 1] = '\0';
-        CHECK(strstr(page, "custom.report.metric.load") != NULL);
-        CHECK(strstr(page, "a\\u003cb") != NULL);
+        CHECK(again != page && memcmp(page, again, strlen(again)) == 0);
+        CHECK(strstr(again, "A-bound") != NULL); /* and not the greatest, B */
+        CHECK(strstr(again, "a\\u003cb") != NULL);
         free(page);
-        free(again);
     }
+    free(again);
     vantrel_free(report);
 }
 
@@ -196,26 +168,6 @@ static void check_traces(void)
     CHECK(threads == 3); /* ".", ".." and the one that runs this */
 }
 
-/* Explaining what is wrong starts no threads, and opens files once and not for each definition. */
-static void check_refusals(void)
-{
-    int files = 0;
-    int threads = 0;
-    int i;
-    for (i = 0; i < 20; ++i) {
-        vantrel* report = vantrel_create(
-            "<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\"><x/></report>");
-        CHECK(strstr(vantrel_error_message(report), " at line 1 column ") != NULL);
-        vantrel_free(report);
-        if (i == 0) {
-            files = count_entries("/proc/self/fd");
-            threads = count_entries("/proc/self/task");
-        }
-    }
-    CHECK(count_entries("/proc/self/fd") == files);
-    CHECK(count_entries("/proc/self/task") == threads && threads == 3);
-}
-
 int main(void)
 {
     /* Something for the application object to change the locale to. */
@@ -229,6 +181,5 @@ int main(void)
     check_failing_calls();
     check_page();
     check_traces();
-    check_refusals();
     return failures == 0 ? 0 : 1;
 }
