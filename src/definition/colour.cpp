@@ -13,7 +13,7 @@ constexpr double full = 0xFFFF;
 
 int scaled(double part)
 {
-    return int(part * full + 0.5);
+    return qRound(part * full);
 }
 
 /// Eight bits as sixteen.
@@ -201,7 +201,7 @@ Colour Colour::inHsl() const
     hue *= 60;
     if (hue < 0)
         hue += 360;
-    return {Kind::Hsl, int(hue * 100 + 0.5), scaled(saturation), scaled(light)};
+    return {Kind::Hsl, qRound(hue * 100), scaled(saturation), scaled(light)};
 }
 
 } // namespace vantrel::report
