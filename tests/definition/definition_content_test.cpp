@@ -103,11 +103,11 @@ TEST(DefinitionContent, readsEveryAttribute)
         "<x><description>no</description></x><description>no</description></entry>"
         "<heading>One</heading><footer>x</footer><heading>Two</heading>",
         "<subsection id='s' heading='S' colour='#0f0' requires='d' errorMetric='d' order='7' "
-        "maxAdviceStrings='1000' overwrite=' 1 '><entry machineReadableOnly='true' "
+        "maxAdviceStrings='1000' overwrite='false'><entry machineReadableOnly='true' "
         "reportMetric='b.c' unitPrefix='iec' displayName='N' colour='blue' group='g' "
         "maxBarValue='1.5e3' order='2' requires='b.c'/><spacer order='3' requires='!a' "
         "reportMetric='?' colour='?'/><entry reportMetric='a' colour='' "
-        "maxBarValue='+inf'/></subsection>"));
+        "machineReadableOnly='0' maxBarValue='+inf'/></subsection>"));
     ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
     EXPECT_EQ(loaded.error, QString());
     const ReportDefinition& read = *loaded.definition;

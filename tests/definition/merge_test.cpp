@@ -87,7 +87,8 @@ TEST(Merge, changesWhatAPartialDocumentSays)
              "</summary>",
          "t|T||none|String|0||||0|0\nH|F\ne:a",
          "t|T||none|String|0||||0|0\nb|B||none|Double|0||||0|0\nH<br/>I|F<br/>G\ne:a\nf:b"},
-        {"<summary overwrite='1'><entry id='e' reportMetric='t'/></summary>", "H|F\ne:a", "|\ne:t"},
+        {"<summary overwrite=' 1 '><entry id='e' reportMetric='t'/></summary>", "H|F\ne:a",
+         "|\ne:t"},
         {sections.arg("<subsection id='x' heading='Z' colour='blue' requires='!t' order='1' "
                       "maxAdviceStrings='4'><text>n</text><text>ew</text><spacer/><entry "
                       "reportMetric='t'/></subsection>"),
@@ -124,7 +125,7 @@ TEST(Merge, changesWhatAPartialDocumentSays)
 TEST(Merge, resetsTheBrandingAndRecordsTheSource)
 {
     const auto definition = fullDefinition();
-    ASSERT_EQ(definition->logo(), "own.png");
+    ASSERT_EQ(definition->logo() + definition->logoLink(), "own.pngown");
     EXPECT_EQ(merge(*definition, {}, "b"), QString());
     EXPECT_EQ(merge(*definition, {}, "a"), QString());
     EXPECT_EQ(definition->logo(), defaultLogo());

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -211,6 +212,7 @@ TEST(MetricReader, readsFiles)
     MetricStore store;
     QString error = "stale";
     QFile file(path);
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
     ASSERT_TRUE(store.readFile(file, &error)) << error.toStdString();
     EXPECT_EQ(store.value("m").toString().toStdString(), "\xC3\xA9");
     EXPECT_FALSE(file.isOpen());

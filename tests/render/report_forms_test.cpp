@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #include "qt_printing.h"
+#include "warnings.h"
 
 #include <gtest/gtest.h>
 
@@ -128,7 +129,9 @@ TEST_F(ReportForms, SizesOfMemoryAreInBinaryUnits)
 
 TEST_F(ReportForms, KindOutsideTheTableGivesAWarningAndNothingElse)
 {
-    EXPECT_EQ(generate(ReportOutputKind(9)), QByteArray());
+    const QStringList warnings =
+        warningsOf([this] { EXPECT_EQ(generate(ReportOutputKind(9)), QByteArray()); });
+    EXPECT_EQ(warnings.join('|'), "Error generating static report: Invalid format \"\"");
 }
 
 } // namespace

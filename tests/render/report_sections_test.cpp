@@ -1,8 +1,10 @@
 // What the goldens of the forms don't show.
+#include "definition/site_addresses.h"
 #include "render/branding.h"
 #include "render/report_sections.h"
 
 #include "qt_printing.h"
+#include "warnings.h"
 
 #include <gtest/gtest.h>
 
@@ -71,8 +73,9 @@ TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
 {
     const QString site = "https://www.corvane.example/";
     const std::tuple<QString, QString, QString> rows[] = {
-        {site + "downloads/vantrel-logo-50.png", site + "x",
-         "150 " + site + "downloads/vantrel-logo-50.png " + site + "x data:image/png;base64,iVBOR"},
+        {defaultLogo(), defaultLogoLink(),
+         "150 " + site + "downloads/vantrel-logo-50.png " + site +
+             "products/vantrel data:image/png;base64,iVBOR"},
         {"own.png", "",
          "150 own.png  |30 " + site + "downloads/powered-by-corvane-reports-61.png " + site +
              "products/corvane-vantrels data:image/png;base64,iVBOR"},
@@ -92,7 +95,9 @@ TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
         EXPECT_EQ(described.join('|'), expected);
         EXPECT_EQ(logos.first().toObject().contains("link"), !link.isEmpty());
     }
-    EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), "");
+    const QStringList warnings =
+        warningsOf([] { EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), ""); });
+    EXPECT_EQ(warnings.join('|'), "Error: :/nosuch.png not found.");
 }
 
 } // namespace
