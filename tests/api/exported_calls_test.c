@@ -2,7 +2,6 @@
 #define _POSIX_C_SOURCE 200112L
 #include "hosts/host.h"
 
-#include <dirent.h>
 #include <locale.h>
 
 static int same(char const* text, char const* expected)
@@ -102,7 +101,7 @@ static void check_null_handle(void)
     CHECK(vantrel_write_html(NULL, &page) == VANTREL_NULL_HANDLE);
 }
 
-static void check_page(void)
+static void check_calls(void)
 {
     vantrel* report = create();
     char untouched;
@@ -145,26 +144,16 @@ static void check_identity(void)
     CHECK(same(text + strlen(begin) + end, "\n"));
 }
 
-static int count_entries(char const* path)
-{
-    int count = 0;
-    DIR* folder = opendir(path);
-    while (readdir(folder))
-        ++count;
-    closedir(folder);
-    return count;
-}
-
 /* What valid definitions leave behind in the process: no thread and, after the first report, no
    file. */
 static void check_traces(void)
 {
-    int const files = count_entries("/proc/self/fd");
-    int const threads = count_entries("/proc/self/task");
-    check_page();
+    int const files = entries_of("/proc/self/fd");
+    int const threads = entries_of("/proc/self/task");
+    check_calls();
     vantrel_free(vantrel_create("<other name=\"n\"/>"));
-    CHECK(count_entries("/proc/self/fd") == files);
-    CHECK(count_entries("/proc/self/task") == threads);
+    CHECK(entries_of("/proc/self/fd") == files);
+    CHECK(entries_of("/proc/self/task") == threads);
     CHECK(threads == 3); /* ".", ".." and the one that runs this */
 }
 
@@ -179,7 +168,7 @@ int main(void)
     CHECK(same(setlocale(LC_ALL, NULL), locale));
     check_null_handle();
     check_failing_calls();
-    check_page();
+    check_calls();
     check_traces();
     return failures == 0 ? 0 : 1;
 }

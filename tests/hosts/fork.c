@@ -5,13 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-static void check_page(vantrel* report, char const* expected)
-{
-    char* const page = page_of(report);
-    CHECK(page && expected && strcmp(page, expected) == 0);
-    free(page);
-}
-
 int main(void)
 {
     int status = 0;

@@ -4,6 +4,7 @@
 
 #include "vantrel.h"
 
+#include <dirent.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -61,6 +62,41 @@ static inline char* page_of(vantrel* report)
         memcpy(text, page, length + 7);
     free(page);
     return text;
+}
+
+/* Whether the report can be written, and its page is the expected one. */
+static inline void check_page(vantrel* report, char const* expected)
+{
+    char* const page = page_of(report);
+    if (!page)
+        fprintf(stderr, "%s\n", vantrel_error_message(report));
+    CHECK(page && expected && strcmp(page, expected) == 0);
+    free(page);
+}
+
+/* How many entries the folder has, "." and ".." among them. */
+static inline int entries_of(char const* folder)
+{
+    int number = 0;
+    DIR* const all = opendir(folder);
+    while (all && readdir(all))
+        ++number;
+    if (all)
+        closedir(all);
+    return number;
+}
+
+/* Whether the process has mapped a file with the word in its name. */
+static inline int maps(char const* word)
+{
+    char line[4096];
+    int found = 0;
+    FILE* const file = fopen("/proc/self/maps", "r");
+    while (file && fgets(line, sizeof line, file))
+        found |= strstr(line, word) != NULL;
+    if (file)
+        fclose(file);
+    return found;
 }
 
 #endif

@@ -3,7 +3,6 @@
 #define _GNU_SOURCE
 #include "host.h"
 
-#include <dirent.h>
 #include <errno.h>
 #include <pthread.h>
 #include <spawn.h>
@@ -37,29 +36,6 @@ int posix_spawn(pid_t* a, const char* b, const posix_spawn_file_actions_t* c, co
 int pthread_create(pthread_t* a, const pthread_attr_t* b, void* (*c)(void*), void* d)
 { (void)a, (void)b, (void)c, (void)d; count(); return EAGAIN; }
 /* clang-format on */
-
-static int entries_of(const char* folder)
-{
-    int number = 0;
-    DIR* const all = opendir(folder);
-    while (all && readdir(all))
-        ++number;
-    if (all)
-        closedir(all);
-    return number;
-}
-
-static int maps(const char* word)
-{
-    char line[4096];
-    int found = 0;
-    FILE* const file = fopen("/proc/self/maps", "r");
-    while (file && fgets(line, sizeof line, file))
-        found |= strstr(line, word) != NULL;
-    if (file)
-        fclose(file);
-    return found;
-}
 
 #define SCHEMA "xmlns:i=\"http://www.w3.org/2001/XMLSchema-instance\" i:schemaLocation="
 
