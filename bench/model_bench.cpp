@@ -1,6 +1,6 @@
 // Times what tools do besides making a report: merging partial definitions, reading metric data.
+#include "definition/compiled_in_schema.h"
 #include "definition/report_definition.h"
-#include "definition/schema_file.h"
 #include "metrics/metric_store.h"
 #include "metrics/value_definitions.h"
 #include "sample_report.h"

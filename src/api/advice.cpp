@@ -1,8 +1,8 @@
 // Advice: texts that the caller adds to the run, to summary entries and to subsections.
 #include "api/custom_report.h"
+#include "definition/metric_ids.h"
 #include "host/process_end.h"
 #include "html/html_text.h"
-#include "metrics/metric_ids.h"
 
 namespace vantrel {
 

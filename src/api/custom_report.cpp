@@ -2,7 +2,7 @@
 #include "api/custom_report.h"
 #include "api/process_setup.h"
 #include "api/utf8_text.h"
-#include "definition/schema_file.h"
+#include "definition/compiled_in_schema.h"
 
 #include <QObject>
 

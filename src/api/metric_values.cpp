@@ -1,8 +1,8 @@
 // The values of a report: declaring, defaults, and the way in from the exported calls.
 #include "api/custom_report.h"
 #include "api/library_id.h"
-#include "metrics/builtin_metrics.h"
-#include "metrics/metric_ids.h"
+#include "definition/builtin_metrics.h"
+#include "definition/metric_ids.h"
 #include "metrics/value_definitions.h"
 
 #include <QSet>

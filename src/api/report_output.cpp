@@ -1,6 +1,6 @@
 // From a filled report to the bytes of a document.
 #include "api/custom_report.h"
-#include "metrics/metric_ids.h"
+#include "definition/metric_ids.h"
 #include "render/report_renderer.h"
 #include "render/report_sections.h"
 

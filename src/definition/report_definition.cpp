@@ -1,10 +1,15 @@
 #include "definition/report_definition.h"
 
+#include "definition/reading/definition_reader.h"
 #include "definition/record_merging.h"
+#include "definition/schema/schema_validation.h"
+#include "definition/schema/text_limits.h"
+#include "host/whole_file.h"
 
 #include <QObject>
 
 #include <algorithm>
+#include <memory>
 
 namespace vantrel::report {
 
@@ -23,6 +28,29 @@ QString sourceLine(int indent, const QString& name, const QUrl& url)
     return QStringLiteral("%1%2 (%3)\n").arg(QString(indent, u' '), name, url.toString());
 }
 
+/// Whether a text is worth reading.
+bool checkDocument(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
+                   QString* error, int messageMode)
+{
+    if (error)
+        error->clear();
+    return checkTextLimits(xml, url, error) &&
+           (schemaPath.isEmpty() || validateDefinition(xml, url, schemaPath, error, messageMode));
+}
+
+constexpr FileMessages documentFileMessages{
+    "File '%1' does not exist",
+    "File '%1' could not be opened for reading",
+    "File '%1' is not readable",
+};
+
+bool readDocumentFile(const QString& path, QByteArray* xml, QString* error)
+{
+    if (error)
+        error->clear();
+    return readWholeFile(path, documentFileMessages, xml, error);
+}
+
 } // namespace
 
 ReportDefinition::ReportDefinition(const QList<ReportMetric>& metrics, const QString& name,
@@ -30,6 +58,45 @@ ReportDefinition::ReportDefinition(const QList<ReportMetric>& metrics, const QSt
     : m_scheme(ReportIdScheme::builtin()), m_name(name), m_url(url)
 {
     setMetrics(metrics);
+}
+
+ReportDefinition* ReportDefinition::load(const QByteArray& xml, const QUrl& url,
+                                         const QString& schemaPath, QString* error, int messageMode,
+                                         const ReportIdScheme& scheme)
+{
+    if (!checkDocument(xml, url, schemaPath, error, messageMode))
+        return nullptr;
+    auto definition = std::make_unique<ReportDefinition>();
+    definition->setIdScheme(scheme);
+    XmlSource source(xml, url, error);
+    return readDefinition(*definition, source, FullReport) ? definition.release() : nullptr;
+}
+
+ReportDefinition* ReportDefinition::loadFile(const QString& path, const QString& schemaPath,
+                                             QString* error, int messageMode,
+                                             const ReportIdScheme& scheme)
+{
+    QByteArray xml;
+    if (!readDocumentFile(path, &xml, error))
+        return nullptr;
+    return load(xml, QUrl::fromLocalFile(path), schemaPath, error, messageMode, scheme);
+}
+
+bool ReportDefinition::merge(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
+                             QString* error, int messageMode)
+{
+    if (!checkDocument(xml, url, schemaPath, error, messageMode))
+        return false;
+    XmlSource source(xml, url, error);
+    return readDefinition(*this, source, PartialReport);
+}
+
+bool ReportDefinition::mergeFile(const QString& path, const QString& schemaPath, QString* error,
+                                 int messageMode)
+{
+    QByteArray xml;
+    return readDocumentFile(path, &xml, error) &&
+           merge(xml, QUrl::fromLocalFile(path), schemaPath, error, messageMode);
 }
 
 void ReportDefinition::setMetrics(const QList<ReportMetric>& list)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "definition/colour.h"
-#include "metrics/metric_type.h"
+#include "definition/metric_type.h"
 
 #include <QList>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "metrics/metric_records.h"
 
-#include "metrics/builtin_metrics.h"
+#include "definition/builtin_metrics.h"
 #include "metrics/metric_store.h"
 
 namespace vantrel {

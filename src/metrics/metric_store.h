@@ -1,7 +1,7 @@
 #pragma once
 
 #include "metrics/metric_records.h"
-#include "metrics/metric_type.h"
+#include "metrics/metric_value.h"
 
 #include <QJsonObject>
 #include <QList>

@@ -1,6 +1,6 @@
 #include "metrics/value_definitions.h"
 
-#include "metrics/builtin_metrics.h"
+#include "definition/builtin_metrics.h"
 
 #include <QObject>
 

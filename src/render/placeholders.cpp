@@ -1,6 +1,6 @@
 #include "render/placeholders.h"
 
-#include "metrics/metric_ids.h"
+#include "definition/metric_ids.h"
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
+#include "definition/compiled_in_schema.h"
 #include "definition/definition_text.h"
 #include "definition/record_merging.h"
-#include "definition/schema_file.h"
 #include "definition/site_addresses.h"
 
 #include <QTemporaryDir>

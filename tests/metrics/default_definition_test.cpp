@@ -1,8 +1,8 @@
+#include "definition/builtin_metrics.h"
+#include "definition/compiled_in_schema.h"
 #include "definition/default_definition.h"
 #include "definition/report_definition.h"
-#include "definition/schema_file.h"
 #include "host/installation_paths.h"
-#include "metrics/builtin_metrics.h"
 #include "metrics/metric_data.h"
 
 #include <QFile>
@@ -26,7 +26,7 @@ std::unique_ptr<ReportDefinition> loadDefault(QString* error)
 /// The ids that the family's programs name in code.
 QSet<QString> familyIds()
 {
-    QFile header(QStringLiteral(TEST_SOURCE_DIR "/../src/metrics/metric_ids.h"));
+    QFile header(QStringLiteral(TEST_SOURCE_DIR "/../src/definition/metric_ids.h"));
     EXPECT_TRUE(header.open(QIODevice::ReadOnly));
     QSet<QString> ids;
     QRegularExpressionMatchIterator matches =

@@ -1,7 +1,7 @@
 // Renders a metric data file with the default definition, and with an error in a section of it.
+#include "definition/compiled_in_schema.h"
 #include "definition/default_definition.h"
 #include "definition/report_definition.h"
-#include "definition/schema_file.h"
 #include "host/installation_paths.h"
 #include "metrics/metric_store.h"
 #include "render/report_renderer.h"

@@ -1,0 +1,214 @@
+#include "definition/schema/schema_documents.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <memory>
+
+using namespace vantrel::report;
+
+namespace {
+
+QByteArray nested(int levels, const QByteArray& core = "x")
+{
+    const int more = levels - 3;
+    return markup(QByteArray("<b>").repeated(more) + core + QByteArray("</b>").repeated(more));
+}
+
+} // namespace
+
+TEST(SchemaValidation, acceptsAndRefusesWhatItShould)
+{
+    const QByteArray metric = "<reportMetric id=\"a.b\"";
+    const QByteArray entry = "<entry reportMetric=\"a.b\"/>";
+    const QByteArray details = "<sourceDetails metricRef='' aggregation='min' sampleValue='sum'/>";
+    const auto part = [](const QByteArray& content) {
+        return "<partialReport xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name=''" +
+               content + "</partialReport>";
+    };
+    const auto metricWith = [&](const QByteArray& more) { return document(metric, metric + more); };
+    const auto entryWith = [&](const QByteArray& more) {
+        return document(entry, QByteArray(entry).insert(6, ' ' + more));
+    };
+    const std::pair<QByteArray, bool> rows[] = {
+        {document(" name=\"r\"", ""), false},
+        {document("name=\"r\"", "name='r' logo='%' logoLink=''"), true},
+        {document("<summary>", "<summary overwrite='false'>"), false},
+        {document("<subsection ", "<subsection overwrite=' 1 ' "), true},
+        {document("<summary>", "<x/><summary>"), false},
+        {document("<heading>h</heading><footer/>", "<footer/><heading>h</heading>"), false},
+        {document("<heading>h</heading>", ""), true},
+        {document("<entry id=\"e\" reportMetric=\"a.b\"/>", ""), true},
+        {document("<summary>", "<summary>x"), false},
+        {part(" logo=''>"), false},
+        {part("><summary overwrite='true'/><subsections overwrite='0'/>"), true},
+        {part("><subsections/><summary/>"), false},
+        {document("displayName=\"A\"", ""), true},
+        {document(" id=\"s\"", ""), false},
+        {document("id=\"a.b\"", "id=\"a..b\""), true},
+        {document("id=\"a.b\"", "id=\"a:b\""), false},
+        {document("<entry reportMetric=\"a.b\"/>", "<entry reportMetric='gone'/>"), true},
+        {metricWith(" breakdownSubsection='gone' colour='no colour'"), true},
+        {metricWith(" type='string' units=''"), true},
+        {metricWith(" type=' string'"), false},
+        {metricWith(" source='other'"), false},
+        {metricWith(" source='metric'"), true},
+        {document("displayName=\"A\"/>", ">" + details + details + "</reportMetric>"), false},
+        {document("displayName=\"A\"/>", "><sourceDetails metricRef=''/></reportMetric>"), false},
+        {document("<subsection ", "<subsection errorMetric='x' requires='!no such' "), true},
+        {document("<subsection ", "<subsection maxAdviceStrings='-1' "), false},
+        {document("<subsection ", "<subsection maxAdviceStrings='0' order='-5' "), true},
+        {document("<spacer/>", "<text/>"), false},
+        {document("<spacer/>", "<spacer order='2147483648'/>"), false},
+        {entryWith("maxBarValue='-1.50'"), true},
+        {entryWith("maxBarValue='1e3'"), false},
+        {entryWith("unitPrefix='iec' machineReadableOnly='1' group=''"), true},
+        {entryWith("unitPrefix='SI'"), false},
+        {entryWith("chartLabel='x'"), false},
+        {markup("a<p b='1'>c<em>d</em></p><h1/><ul><li>e<ol><li/></ol></li></ul>"), true},
+        {markup("<div><blockquote> x <p/></blockquote></div><pre>a<a/><tt><b/></tt></pre>"), true},
+        {markup("<a href='x'/><img src='x' alt='y'/><br clear='all'/>"), true},
+        {markup("<a href='x'>text</a>"), false},
+        {markup("<ul>x<li/></ul>"), false},
+        {markup("<p><p/></p>"), false},
+        {markup("<blockquote><b/></blockquote>"), false},
+        {markup("<pre><img/></pre>"), false},
+        {markup("<pre class='c'/>"), false},
+        {markup("<script/>"), false},
+        {markup("<b xmlns=''/>"), false},
+        {markup("<b x:y=''/>"), false},
+        {markup("&nbsp;"), false},
+        {markup("<![CDATA[<x>]]><!-- <x> --><?x <y> ?>&#8364;&amp;"), true},
+        {"<p xmlns=\"http://www.corvane.example/2016/CorvaneReports\"/>", true},
+    };
+    for (const auto& [xml, accepted] : rows) {
+        const Verdict verdict = validate(xml);
+        EXPECT_EQ(verdict.accepted, accepted) << xml.constData() << verdict.error.toStdString();
+        EXPECT_EQ(verdict.error.isEmpty(), accepted) << xml.constData();
+        EXPECT_EQ(qtAccepts(xml), accepted) << xml.constData();
+        EXPECT_EQ(schemaAccepts(xml), accepted) << xml.constData();
+    }
+}
+
+TEST(SchemaValidation, tellsWhatIsWrong)
+{
+    const QByteArray space = "xmlns=\"http://www.corvane.example/2016/CorvaneReports\"";
+    const auto noNamespace = [&](const char* location) {
+        return "The report definition XML" + QByteArray(location) +
+               " does not have the attribute " + space +
+               " set in the <report> or <partialReport> element.";
+    };
+    const QString nowhere = QDir::tempPath() + "/%2/no such.xsd";
+    const struct {
+        QByteArray xml;
+        QString schema;
+        QUrl url;
+        QByteArray message; ///< "*" stands for Qt's own words
+    } rows[] = {
+        {document(space, ""), nowhere, QUrl(), noNamespace("")},
+        {document("xmlns=", "xmlns:r="), nowhere, place, noNamespace(" file:///d/r.xml")},
+        {document(space, space.toLower()), nowhere, QUrl("a%20b"), noNamespace(" a b")},
+        {document(space, QByteArray(space).replace('"', '\'')), nowhere, QUrl(), noNamespace("")},
+        {"<!-- " + space + " -->" + document(space, ""), compiledInSchema(), place,
+         "file:///d/r.xml at line 1 column *. No definition for element report available."},
+        {document("", ""), nowhere, place, "Schema file '" + nowhere.toUtf8() + "' does not exist"},
+        {document("", ""), QDir::tempPath(), place,
+         "Schema file '" + QDir::tempPath().toUtf8() + "' could not be opened for reading"},
+        {document("<spacer/>", "\n <x/>"), compiledInSchema(), place,
+         "file:///d/r.xml at line 5 column *. *x is not defined in this scope."},
+        {document("</report>", ""), compiledInSchema(), QUrl("http://h/100%25"),
+         "http://h/100%25 at line 5 column *. *"},
+        {document("<spacer/>", "<spacer order='1.5'/>"), compiledInSchema(), place,
+         "file:///d/r.xml at line 4 column *. *order*1.5*"},
+    };
+    for (const auto& row : rows) {
+        const Verdict verdict = validate(row.xml, row.schema, row.url);
+        EXPECT_FALSE(verdict.accepted);
+        QString pattern = QRegularExpression::escape(QString::fromUtf8(row.message));
+        pattern.replace("\\*", "[^\n]+");
+        EXPECT_TRUE(QRegularExpression("\\A" + pattern + "\\z").match(verdict.error).hasMatch())
+            << verdict.error.toStdString() << "\nis not " << row.message.constData();
+        EXPECT_FALSE(validateDefinition(row.xml, row.url, row.schema, nullptr, 0));
+    }
+}
+
+TEST(SchemaValidation, chainsMessagesAndTakesTheirTextOnly)
+{
+    QString inner;
+    QString outer = "before";
+    MessageHandler last(&inner, nullptr);
+    MessageHandler silent(nullptr, &last);
+    MessageHandler first(&outer, &silent);
+    first.message(QtWarningMsg, "<html><p>a<b>&lt;%1</b><br/>b</p></html>", QUrl(),
+                  QSourceLocation(QUrl("u:%252"), 3, 4));
+    EXPECT_EQ(inner.toStdString(), "u:%252 at line 3 column 4. a<%1b");
+    EXPECT_EQ(outer, "before\n\n" + inner);
+
+    for (const int mode : {0, 1}) {
+        QString error;
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(validateDefinition(document("<spacer/>", "<x/>"), place, compiledInSchema(),
+                                        &error, mode));
+        const std::string printed = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(printed.find("is not defined") != std::string::npos, mode == 1) << printed;
+        EXPECT_TRUE(error.contains("is not defined"));
+    }
+}
+
+TEST(SchemaValidation, readsOtherSchemasAtEachCall)
+{
+    const LeaksOfQt leaks;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a%2.xsd");
+    const QByteArray own = contentOf(compiledInSchema());
+    const QByteArray twice = document("<reportMetrics>", "<reportMetrics><reportMetric id='a.b'/>");
+    const QByteArray begin = "<!-- Begin unique ID constraints -->";
+    const std::pair<QByteArray, QString> rows[] = {
+        {own, QString()},
+        {QByteArray(own).replace(begin, "").replace("<!-- End unique ID constraints -->", ""), "*"},
+        {QByteArray(own).replace("reportMetrics\"", "other\""), "*"},
+        {"<x", "Schema file '" + path + "' is not valid"},
+        {"", "Schema file '" + path + "' is not valid"},
+        {own, QString()},
+    };
+    for (const auto& [schema, message] : rows) {
+        writeFile(path, schema);
+        testing::internal::CaptureStderr();
+        const Verdict verdict = validate(twice, path);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        EXPECT_EQ(verdict.accepted, message.isEmpty());
+        EXPECT_TRUE(message == "*" ? verdict.error.startsWith("file:///d/r.xml at line ")
+                                   : verdict.error == message)
+            << verdict.error.toStdString();
+    }
+}
+
+TEST(SchemaValidation, endsTheNesting)
+{
+    const QString message = "Error in file:///d/r.xml at line 3 column %1: Elements are nested "
+                            "more than 200 levels deep";
+    const QByteArray others = "<br/><!-- <b> --><![CDATA[<b>]]><?x <b>?><i a='>'/></b><b>";
+    const QByteArray declared = "<!DOCTYPE report [<!ENTITY e '" + QByteArray("<b>").repeated(190) +
+                                QByteArray("</b>").repeated(190) + "'>]>";
+    const std::pair<QByteArray, QString> rows[] = {
+        {nested(200), QString()},
+        {nested(201), message.arg(37 + 198 * 3 - 1)},
+        {nested(200000), message.arg(37 + 198 * 3 - 1)},
+        {nested(199, others), QString()},
+        {nested(200, others), message.arg(37 + 197 * 3 + 4)},
+        {declared + markup("&e;"), QString()},
+    };
+    const std::unique_ptr<QThread> smallStack(QThread::create([&] {
+        for (const auto& [xml, error] : rows)
+            EXPECT_EQ(validate(xml).error, error);
+        EXPECT_TRUE(qtAccepts(nested(200)));
+        EXPECT_TRUE(validate(nested(199, "<x/>")).error.contains("x is not defined"));
+        EXPECT_TRUE(validate(declared + nested(100, "&e;")).error.contains("200 levels deep"));
+        EXPECT_FALSE(validate(document("<footer/>", QByteArray("<b>").repeated(200000))).accepted);
+    }));
+    smallStack->setStackSize(256 * 1024);
+    smallStack->start();
+    smallStack->wait();
+}

@@ -1,0 +1,356 @@
+#include "metrics/quantities/dynamic_number.h"
+#include "metrics/quantities/number_warnings.h"
+#include "warnings.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cmath>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <limits>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+using namespace vantrel;
+
+namespace {
+
+using Signed = std::numeric_limits<qint64>;
+using Unsigned = std::numeric_limits<quint64>;
+
+const double notANumber = std::numeric_limits<double>::quiet_NaN();
+const double two63 = std::ldexp(1.0, 63);
+
+/// A number of a kind that there isn't.
+DynamicNumber foreignNumber()
+{
+    DynamicNumber number(quint64(7));
+    const quint32 type = 4;
+    std::memcpy(static_cast<void*>(&number), &type, sizeof type);
+    return number;
+}
+
+/// The kind's letter and the value.
+std::string shown(DynamicNumber number)
+{
+    const char* const kinds[] = {"-", "U", "S", "F", "?"};
+    return kinds[number.type()] + (number == number ? number.toString().toStdString() : "");
+}
+
+std::string shown(const QString& text)
+{
+    return text.isNull() ? "null" : text.toStdString();
+}
+
+/// What an action gives, and "!" with the first letter of each of its warnings.
+template <typename Action>
+std::string told(const Action& action)
+{
+    std::string text;
+    for (const QString& warning : warningsOf([&] { text = shown(action()); }))
+        text += std::string("!") + warning.at(0).toLatin1();
+    return text;
+}
+
+/// Sum, difference, product and quotient.
+template <typename Right>
+std::string results(DynamicNumber left, Right right)
+{
+    return told([=] { return left + right; }) + ' ' + told([=] { return left - right; }) + ' ' +
+           told([=] { return left * right; }) + ' ' + told([=] { return left / right; });
+}
+
+std::string integers(DynamicNumber number)
+{
+    return told([=] { return number.toUInt64(); }) + ' ' + told([=] { return number.toInt64(); }) +
+           ' ' + told([=] { return number.toInt32(); });
+}
+
+void expectRows(std::initializer_list<std::pair<std::string, const char*>> rows)
+{
+    int index = 0;
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(text, expected) << "row " << ++index;
+}
+
+} // namespace
+
+TEST(DynamicNumber, picksTheKindOfAResult)
+{
+    const DynamicNumber none, seven = 7u, minus = -2, half = 0.5;
+    expectRows({
+        {results(none, none), "- - - -"},
+        {results(none, seven), "U7 S-7 - -"},
+        {results(none, minus), "S-2 S2 - -"},
+        {results(none, half), "F0.5 F-0.5 - -"},
+        {results(seven, none), "U7 U7 U7!u U7!u"},
+        {results(seven, seven), "U14 S0 U49 F1"},
+        {results(seven, minus), "S5 S9 S-14 F-3.5"},
+        {results(seven, half), "F7.5 F6.5 F3.5 F14"},
+        {results(minus, none), "S-2 S-2 S-2!u S-2!u"},
+        {results(minus, seven), "S5 S-9 S-14 F-0.285714285714286"},
+        {results(minus, minus), "S-4 S0 S4 F1"},
+        {results(minus, half), "F-1.5 F-2.5 F-1 F-4"},
+        {results(half, none), "F0.5 F0.5 F0.5!u F0.5!u"},
+        {results(half, seven), "F7.5 F-6.5 F3.5 F0.0714285714285714"},
+        {results(half, minus), "F-1.5 F2.5 F-1 F-0.25"},
+        {results(half, half), "F1 F0 F0.25 F1"},
+        {results(foreignNumber(), 1), "?!u ?!u ?!u ?!u"},
+        // A built-in number counts as one of its kind, but nothing adopts it.
+        {results(none, 2u) + results(none, -2) + results(none, 0.5), "- - - -- - - -- - - -"},
+        {results(seven, 2u), "U9 S5 U14 F3.5"},
+        {results(seven, quint64(2)), "U9 S5 U14 F3.5"},
+        {results(seven, -2), "S5 S9 S-14 F-3.5"},
+        {results(seven, qint64(-2)), "S5 S9 S-14 F-3.5"},
+        {results(seven, 0.5), "F7.5 F6.5 F3.5 F14"},
+    });
+}
+
+TEST(DynamicNumber, wrapsAround)
+{
+    const DynamicNumber least = Signed::min(), most = Unsigned::max();
+    expectRows({
+        {results(Signed::max(), 1).substr(0, 21), "S-9223372036854775808"},
+        {results(least, -1), "S9223372036854775807 S-9223372036854775807 S-9223372036854775808 "
+                             "F9.22337203685478e+18"},
+        {results(2u, 3u), "U5 S-1 U6 F0.666666666666667"},
+        {results(most, most), "U18446744073709551614 S0 U1 F1"},
+        {shown(-least) + shown(-most) + shown(-DynamicNumber(-0.5)), "S-9223372036854775808S1F0.5"},
+        {shown(DynamicNumber(1) / 0), "Finf"},
+        {told([] { return -foreignNumber(); }), "-!u"},
+    });
+}
+
+TEST(DynamicNumber, comparesIntegersExactly)
+{
+    // A long double holds every 64-bit integer.
+    static_assert(std::numeric_limits<long double>::digits >= 64);
+    std::vector<std::pair<DynamicNumber, long double>> numbers;
+    for (int shift = 0; shift < 64; ++shift) {
+        const quint64 power = quint64(1) << shift;
+        for (const quint64 bits : {power - 1, power, power + 1}) {
+            numbers.push_back({bits, bits});
+            numbers.push_back({qint64(bits), qint64(bits)});
+        }
+    }
+    for (const auto& [a, x] : numbers) {
+        for (const auto& [b, y] : numbers) {
+            ASSERT_TRUE((a < b) == (x < y) && (a > b) == (x > y) && (a == b) == (x == y) &&
+                        (a <= b) == (x <= y) && (a >= b) == (x >= y) && (a != b) == (x != y))
+                << shown(a) << ' ' << shown(b);
+            ASSERT_TRUE(DynamicNumber::max(a, b).identicalTo(y > x ? b : a));
+            ASSERT_TRUE(DynamicNumber::min(a, b).identicalTo(y < x ? b : a));
+        }
+    }
+}
+
+TEST(DynamicNumber, comparesAsDoublesOrNotAtAll)
+{
+    EXPECT_TRUE(DynamicNumber(Unsigned::max()) == 2 * two63) << "rounded to a double";
+    EXPECT_TRUE(DynamicNumber(-1) < 0.5 && DynamicNumber(0.5) >= -1 && 1 > DynamicNumber(0.5));
+    for (const DynamicNumber nothing : {DynamicNumber(), DynamicNumber(notANumber)}) {
+        for (const DynamicNumber other : {DynamicNumber(0), DynamicNumber(1.0), nothing}) {
+            EXPECT_FALSE(nothing == other || nothing < other || nothing > other ||
+                         nothing <= other || other >= nothing);
+            EXPECT_TRUE(nothing != other && other != nothing);
+        }
+        EXPECT_TRUE(DynamicNumber::max(1, nothing).identicalTo(1));
+        EXPECT_EQ(DynamicNumber::min(nothing, 1).type(), nothing.type());
+    }
+    EXPECT_TRUE(DynamicNumber().identicalTo(DynamicNumber()));
+    EXPECT_FALSE(DynamicNumber(1).identicalTo(1u) || DynamicNumber(1).identicalTo(2));
+    EXPECT_FALSE(DynamicNumber(notANumber).identicalTo(notANumber));
+    EXPECT_TRUE(DynamicNumber(0.0).identicalTo(-0.0));
+}
+
+TEST(DynamicNumber, convertsToIntegers)
+{
+    const qint64 two31 = qint64(1) << 31;
+    expectRows({
+        {integers({}), "U0!u S0!u S0!u"},
+        {integers(foreignNumber()), "U0!u S0!u S0!u"},
+        {integers(5u), "U5 S5 S5"},
+        {integers(two31), "U2147483648 S2147483648 S0!t"},
+        {integers(two31 - 1), "U2147483647 S2147483647 S2147483647"},
+        {integers(quint64(two31)), "U2147483648 S2147483648 S0!t"},
+        {integers(-two31), "U0!t S-2147483648 S-2147483648"},
+        {integers(-two31 - 1), "U0!t S-2147483649 S0!t"},
+        {integers(quint64(1) << 63), "U9223372036854775808 S0!t S0!t"},
+        {integers(2.9), "U2 S2 S0!i"},
+        {integers(-0.9), "U0!t S0 S0!i"},
+        {integers(two63 + 2048), "U9223372036854777856 S9223372036854775807 S0!i"},
+        {integers(2 * two63), "U18446744073709551615 S9223372036854775807 S0!i"},
+        {integers(-2 * two63), "U0!t S-9223372036854775808 S0!i"},
+        {integers(notANumber), "U0 S0 S0!i"},
+    });
+}
+
+TEST(DynamicNumber, convertsToDoublesAndVariants)
+{
+    EXPECT_EQ(DynamicNumber(Unsigned::max()).toDouble(), 2 * two63);
+    EXPECT_EQ(DynamicNumber((quint64(1) << 63) + 1025).toDouble(), two63 + 2048) << "rounded";
+    EXPECT_EQ(DynamicNumber(Signed::min()).toDouble(), -two63);
+    const auto asFloat = [](DynamicNumber number) {
+        number.toFloat();
+        return number;
+    };
+    // Assigns to a 3.
+    const auto assigned = [](const QVariant& variant) {
+        DynamicNumber number = 3;
+        number.assign(variant);
+        return number.toVariant().typeName() + number.toString();
+    };
+    for (const DynamicNumber number : {DynamicNumber(), foreignNumber()}) {
+        expectRows({{told([=] { return number.toDouble(); }), "F!u"},
+                    {told([=] { return number.toVariant().typeName(); }), "null!u"}});
+    }
+    expectRows({
+        {shown(asFloat(-5)) + shown(asFloat(5u)) + shown(asFloat(0.5)), "F-5F5F0.5"},
+        {told([=] { return asFloat(foreignNumber()); }), "F3.45845952088873e-323!u"},
+        {told([=] { return assigned(-5) + assigned(qlonglong(-5)); }), "qlonglong-5qlonglong-5"},
+        {told([=] { return assigned(5u) + assigned(qulonglong(5)); }), "qulonglong5qulonglong5"},
+        {told([=] { return assigned(0.5); }), "double0.5"},
+        {told([=] { return assigned(QVariant()) + assigned("5"); }), "qlonglong3qlonglong3!u!u"},
+        {told([=] { return assigned(true) + assigned(1.0f); }), "qlonglong3qlonglong3!u!u"},
+    });
+}
+
+TEST(DynamicNumber, readsAndWritesText)
+{
+    const auto parsed = [](const char* text) { return shown(DynamicNumber::parse(text)); };
+    const DynamicNumber large = 1234567.875;
+    expectRows({
+        {parsed("3") + parsed("-3") + parsed("3.0"), "U3S-3F3"},
+        {parsed("0x9") + parsed("1e5") + parsed("-x") + parsed("1.x"), "U0U0S0F0"},
+        {parsed("18446744073709551615"), "U18446744073709551615"},
+        {parsed("18446744073709551616"), "U0"},
+        {parsed("-9223372036854775808"), "S-9223372036854775808"},
+        {shown(DynamicNumber(0.1 + 0.2)), "F0.3"},
+        {shown(large.toStringG(3)), "1.23e+06"},
+        {shown(large.toStringF(2)), "1,234,567.88"},
+        {shown(DynamicNumber(12345).toStringF(2) + DynamicNumber(12345u).toStringG(2)),
+         "1234512345"},
+        {shown(DynamicNumber(-5).describe()), "-5 of type 2"},
+        {shown(DynamicNumber().describe()), "<undefined> of type 0"},
+        {shown(foreignNumber().describe()), "<unknown> of type 4"},
+        {told([] { return DynamicNumber(-5).toIntegerString(); }), "-5"},
+        {told([] { return DynamicNumber(5.0).toIntegerString(); }), "null!i"},
+    });
+    EXPECT_EQ(DynamicNumber(0.5).toStringF(1080), "0.5" + QString(1079, '0'));
+    EXPECT_EQ(large.toStringF(1000000).size(), 1000010);
+    const QStringList warnings = warningsOf([] {
+        warnUnsupportedDatatype();
+        warnConversionOverflow();
+        warnInvalidConversion();
+        warnEmptyOperand();
+        warnOfNumber("50%s");
+    });
+    EXPECT_EQ(warnings.join('|'), "unsupported datatype|type conversion would overflow|"
+                                  "invalid type conversion|empy operand|50%s");
+}
+
+TEST(DynamicNumber, computesFurtherResults)
+{
+    const auto product = [](DynamicNumber a, DynamicNumber b) {
+        return told([=] { return DynamicNumber::multiplyChecked(a, b); });
+    };
+    const quint64 two32 = quint64(1) << 32;
+    expectRows({
+        {product(3u, 4u), "U12"},
+        {product(two32, two32), "F1.84467440737096e+19"},
+        {product(two32, two32 >> 1), "U9223372036854775808"},
+        {product(3u, -4), "F-12"},
+        {product(0u, 4u), "F0"},
+        {product(0, 4u), "S0"},
+        {product(Signed::min(), 1), "F-9.22337203685478e+18"},
+        {product(Signed::max(), 2), "F1.84467440737096e+19"},
+        {product(0.5, 2), "F1"},
+        {product({}, 2), "-"},
+        {product(2, {}), "F0!u!u"},
+        {product(foreignNumber(), 2), "F6.91691904177745e-323!u!u!u"},
+        {shown(DynamicNumber(9u).squareRoot()), "F3"},
+        {shown(DynamicNumber(2.5).rounded()) + shown(DynamicNumber(1.5).rounded()), "S2S2"},
+        {shown(DynamicNumber(7u).rounded()), "U7"},
+        {shown(DynamicNumber(-1e300).rounded()), "S-9223372036854775808"},
+        {shown(DynamicNumber().orElse(1)) + shown(DynamicNumber(2).orElse(1)), "S1S2"},
+    });
+}
+
+namespace {
+
+/// The two ends of a pipe.
+struct Pipe {
+    Pipe() { EXPECT_EQ(pipe(ends), 0); }
+    ~Pipe()
+    {
+        close(ends[0]);
+        close(ends[1]);
+    }
+
+    int ends[2] = {-1, -1};
+};
+
+const Pipe* served = nullptr;
+
+/// Has the handler interrupt what the process does in a moment.
+void interruptWith(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    sigaction(SIGALRM, &action, nullptr);
+    ualarm(20000, 0);
+}
+
+} // namespace
+
+TEST(DynamicNumber, travelsThroughDescriptors)
+{
+    for (const DynamicNumber number :
+         {DynamicNumber(), DynamicNumber(Unsigned::max()), DynamicNumber(-1), DynamicNumber(0.1)}) {
+        const quint32 type = number.type();
+        const quint64 bits = number.isFloat() ? 0x3fb999999999999a : Unsigned::max();
+        const std::size_t size = number.isUndefined() ? 4 : 12;
+        char bytes[13] = {};
+        std::memcpy(bytes, &type, 4);
+        std::memcpy(bytes + 4, &bits, 8);
+        for (const std::size_t length : {std::size_t(3), size - 1, size}) {
+            Pipe pipe;
+            ASSERT_EQ(write(pipe.ends[1], bytes, length), ssize_t(length));
+            close(std::exchange(pipe.ends[1], -1));
+            DynamicNumber again = 99;
+            EXPECT_EQ(again.readFrom(pipe.ends[0]), length < size ? -1 : 0);
+            EXPECT_TRUE(again.identicalTo(length < size ? 99 : number));
+        }
+        Pipe pipe;
+        char written[13] = {};
+        ASSERT_EQ(number.writeTo(pipe.ends[1]), 0);
+        ASSERT_EQ(read(pipe.ends[0], written, sizeof written), ssize_t(size));
+        EXPECT_EQ(std::memcmp(written, bytes, size), 0);
+    }
+    Pipe pipe;
+    DynamicNumber number;
+    EXPECT_TRUE(foreignNumber().writeTo(pipe.ends[1]) == -1 && errno == EINVAL);
+    EXPECT_TRUE(number.readFrom(pipe.ends[0]) == -1 && errno == EIO) << "the kind was written";
+    EXPECT_EQ(number.writeTo(-1), -1);
+}
+
+TEST(DynamicNumber, goesOnAfterAnInterruption)
+{
+    Pipe pipe;
+    served = &pipe;
+    interruptWith([](int) { EXPECT_EQ(DynamicNumber(-7).writeTo(served->ends[1]), 0); });
+    DynamicNumber number;
+    EXPECT_EQ(number.readFrom(pipe.ends[0]), 0);
+    EXPECT_TRUE(number.identicalTo(-7));
+
+    static std::vector<char> page(std::size_t(fcntl(pipe.ends[1], F_SETPIPE_SZ, 1)));
+    ASSERT_EQ(write(pipe.ends[1], page.data(), page.size()), ssize_t(page.size()));
+    interruptWith([](int) { EXPECT_GT(read(served->ends[0], page.data(), page.size()), 0); });
+    EXPECT_EQ(DynamicNumber(-8).writeTo(pipe.ends[1]), 0);
+    EXPECT_EQ(number.readFrom(pipe.ends[0]), 0);
+    EXPECT_TRUE(number.identicalTo(-8));
+    std::signal(SIGALRM, SIG_DFL);
+}
