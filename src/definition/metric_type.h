@@ -15,7 +15,7 @@ enum class MetricType : int {
 };
 
 /// Dotted ids and paths become nested objects, which Qt and browsers walk recursively.
-constexpr int mostPathParts = 200;
+constexpr int maxPathParts = 200;
 
 /// The metric data version that this library writes.
 constexpr int currentMetricVersion = 3;

@@ -4,21 +4,27 @@ namespace vantrel::report {
 
 namespace {
 
-void takeGiven(QString* earlier, const QString& later)
+bool isGiven(const QString& text)
 {
-    if (!later.isEmpty())
-        *earlier = later;
+    return !text.isEmpty();
 }
 
-void takeGiven(Colour* earlier, const Colour& later)
+bool isGiven(const Colour& colour)
 {
-    if (later.isValid())
-        *earlier = later;
+    return colour.isValid();
 }
 
-void takeGiven(int* earlier, int later)
+/// Numbers and choices, whose 0 stands for what isn't said.
+template <typename Number>
+bool isGiven(Number number)
 {
-    if (later != 0)
+    return number != Number{};
+}
+
+template <typename Field>
+void replaceIfGiven(Field* earlier, const Field& later)
+{
+    if (isGiven(later))
         *earlier = later;
 }
 
@@ -28,14 +34,14 @@ bool mergeRecord(ReportMetric* earlier, const ReportMetric& later)
 {
     if (earlier->id != later.id)
         return false;
-    takeGiven(&earlier->displayName, later.displayName);
-    takeGiven(&earlier->units, later.units);
-    takeGiven(&earlier->breakdownSubsection, later.breakdownSubsection);
-    takeGiven(&earlier->source, later.source);
-    takeGiven(&earlier->metricRef, later.metricRef);
-    takeGiven(&earlier->colour, later.colour);
-    takeGiven(&earlier->sampleValue, later.sampleValue);
-    takeGiven(&earlier->aggregation, later.aggregation);
+    replaceIfGiven(&earlier->displayName, later.displayName);
+    replaceIfGiven(&earlier->units, later.units);
+    replaceIfGiven(&earlier->breakdownSubsection, later.breakdownSubsection);
+    replaceIfGiven(&earlier->source, later.source);
+    replaceIfGiven(&earlier->metricRef, later.metricRef);
+    replaceIfGiven(&earlier->colour, later.colour);
+    replaceIfGiven(&earlier->sampleValue, later.sampleValue);
+    replaceIfGiven(&earlier->aggregation, later.aggregation);
     return true;
 }
 
@@ -43,11 +49,11 @@ bool mergeRecord(Subsection* earlier, const Subsection& later)
 {
     if (earlier->id != later.id)
         return false;
-    takeGiven(&earlier->heading, later.heading);
-    takeGiven(&earlier->colour, later.colour);
-    takeGiven(&earlier->text, later.text);
-    takeGiven(&earlier->requires, later.requires);
-    takeGiven(&earlier->order, later.order);
+    replaceIfGiven(&earlier->heading, later.heading);
+    replaceIfGiven(&earlier->colour, later.colour);
+    replaceIfGiven(&earlier->text, later.text);
+    replaceIfGiven(&earlier->requirement, later.requirement);
+    replaceIfGiven(&earlier->order, later.order);
     earlier->maxAdviceStrings = qMax(earlier->maxAdviceStrings, later.maxAdviceStrings);
     earlier->entries += later.entries;
     return true;

@@ -55,7 +55,7 @@ bool readDocumentFile(const QString& path, QByteArray* xml, QString* error)
 
 ReportDefinition::ReportDefinition(const QList<ReportMetric>& metrics, const QString& name,
                                    const QUrl& url)
-    : m_scheme(ReportIdScheme::builtin()), m_name(name), m_url(url)
+    : idRules(ReportIdScheme::builtin()), reportName(name), address(url)
 {
     setMetrics(metrics);
 }
@@ -101,29 +101,29 @@ bool ReportDefinition::mergeFile(const QString& path, const QString& schemaPath,
 
 void ReportDefinition::setMetrics(const QList<ReportMetric>& list)
 {
-    m_metrics.clear();
-    m_metricIdTree.clear();
-    m_breakdowns = BreakdownIndex();
+    metricRecords.clear();
+    metricIdTree.clear();
+    breakdowns = BreakdownIndex();
     for (const ReportMetric& metric : list)
         appendMetric(metric);
 }
 
 void ReportDefinition::appendMetric(const ReportMetric& metric)
 {
-    m_metrics.append(metric);
-    m_metricIdTree.append(metric.id);
-    m_breakdowns.insert(metric.breakdownSubsection, metrics().size() - 1);
+    metricRecords.append(metric);
+    metricIdTree.append(metric.id);
+    breakdowns.insert(metric.breakdownSubsection, metrics().size() - 1);
 }
 
 bool ReportDefinition::mergeMetric(const ReportMetric& later)
 {
-    ReportMetric* earlier = m_metrics.find(later.id);
+    ReportMetric* earlier = metricRecords.find(later.id);
     if (!earlier)
         return false;
-    const int position = m_metrics.indexOf(later.id);
-    m_breakdowns.remove(earlier->breakdownSubsection, position);
+    const int position = metricRecords.indexOf(later.id);
+    breakdowns.remove(earlier->breakdownSubsection, position);
     const bool isMerged = mergeRecord(earlier, later);
-    m_breakdowns.insert(earlier->breakdownSubsection, position);
+    breakdowns.insert(earlier->breakdownSubsection, position);
     return isMerged;
 }
 
@@ -137,19 +137,19 @@ QSet<QString> ReportDefinition::metricIds() const
 
 Summary ReportDefinition::summary() const
 {
-    return {m_summaryHeading, m_summaryFooter, inDisplayOrder(m_summaryEntries.all())};
+    return {summaryHeading, summaryFooter, inDisplayOrder(summaryEntries.all())};
 }
 
 void ReportDefinition::setSummary(const Summary& summary)
 {
-    m_summaryHeading = summary.heading;
-    m_summaryFooter = summary.footer;
-    m_summaryEntries.replaceAll(summary.entries);
+    summaryHeading = summary.heading;
+    summaryFooter = summary.footer;
+    summaryEntries.replaceAll(summary.entries);
 }
 
 QList<Subsection> ReportDefinition::subsections() const
 {
-    QList<Subsection> list = inDisplayOrder(m_subsections.all());
+    QList<Subsection> list = inDisplayOrder(subsectionRecords.all());
     for (Subsection& subsection : list)
         subsection.entries = inDisplayOrder(subsection.entries);
     return list;
@@ -157,28 +157,28 @@ QList<Subsection> ReportDefinition::subsections() const
 
 void ReportDefinition::setSubsections(const QList<Subsection>& list)
 {
-    m_subsections.clear();
-    m_maxAdviceStrings = 0;
+    subsectionRecords.clear();
+    adviceStringsInAll = 0;
     for (const Subsection& subsection : list)
         appendSubsection(subsection);
-    m_breakdowns.forgetFound();
+    breakdowns.forgetFound();
 }
 
 void ReportDefinition::appendSubsection(const Subsection& subsection)
 {
-    m_subsections.append(subsection);
-    m_maxAdviceStrings += qMax(subsection.maxAdviceStrings, 0);
+    subsectionRecords.append(subsection);
+    adviceStringsInAll += qMax(subsection.maxAdviceStrings, 0);
 }
 
 template <typename Change>
 bool ReportDefinition::changeSubsection(const QString& id, const Change& change)
 {
-    Subsection* subsection = m_subsections.find(id);
+    Subsection* subsection = subsectionRecords.find(id);
     if (!subsection)
         return false;
-    m_maxAdviceStrings -= qMax(subsection->maxAdviceStrings, 0);
+    adviceStringsInAll -= qMax(subsection->maxAdviceStrings, 0);
     const bool isChanged = change(subsection);
-    m_maxAdviceStrings += qMax(subsection->maxAdviceStrings, 0);
+    adviceStringsInAll += qMax(subsection->maxAdviceStrings, 0);
     return isChanged;
 }
 
@@ -199,7 +199,7 @@ bool ReportDefinition::replaceSubsection(const Subsection& later)
 const ReportMetric* ReportDefinition::findMissingBreakdown()
 {
     const int position =
-        m_breakdowns.findMissing([this](const QString& id) { return hasSubsection(id); });
+        breakdowns.findMissing([this](const QString& id) { return hasSubsection(id); });
     return position < 0 ? nullptr : &metrics().at(position);
 }
 
@@ -208,7 +208,7 @@ void ReportDefinition::clearContent()
     setMetrics({});
     setSummary({});
     setSubsections({});
-    m_partialReports.clear();
+    mergedReports.clear();
 }
 
 void ReportDefinition::appendMarkup(QString& text, const QString& markup)
@@ -220,8 +220,8 @@ void ReportDefinition::appendMarkup(QString& text, const QString& markup)
 
 QString ReportDefinition::describeSources(int indent) const
 {
-    QString text = sourceLine(indent, m_name, m_url);
-    for (auto it = m_partialReports.begin(); it != m_partialReports.end(); ++it)
+    QString text = sourceLine(indent, reportName, address);
+    for (auto it = mergedReports.begin(); it != mergedReports.end(); ++it)
         text += sourceLine(indent, it.key(), it.value());
     return text;
 }
@@ -235,8 +235,8 @@ QString ReportDefinition::findMetricIdCollision(const QString& id, QString* erro
         reportEmptyPart(id);
         return QString();
     }
-    const int collision = m_metricIdTree.firstCollision(id);
-    const int emptyPart = m_metricIdTree.firstWithEmptyPart();
+    const int collision = metricIdTree.firstCollision(id);
+    const int emptyPart = metricIdTree.firstWithEmptyPart();
     if (error && emptyPart >= 0 && (collision < 0 || emptyPart <= collision)) {
         reportEmptyPart(metrics().at(emptyPart).id);
         return QString();

@@ -53,37 +53,37 @@ public:
     /// The same from a file. A file that can't be read gives a bare message.
     bool mergeFile(const QString& path, const QString& schemaPath, QString* error, int messageMode);
 
-    const ReportIdScheme& idScheme() const { return m_scheme; }
-    void setIdScheme(const ReportIdScheme& scheme) { m_scheme = scheme; }
-    QString name() const { return m_name; }
-    void setName(const QString& name) { m_name = name; }
-    QUrl url() const { return m_url; }
-    void setUrl(const QUrl& url) { m_url = url; }
-    QString logo() const { return m_logo; }
-    void setLogo(const QString& logo) { m_logo = logo; }
-    QString logoLink() const { return m_logoLink; }
-    void setLogoLink(const QString& link) { m_logoLink = link; }
+    const ReportIdScheme& idScheme() const { return idRules; }
+    void setIdScheme(const ReportIdScheme& scheme) { idRules = scheme; }
+    QString name() const { return reportName; }
+    void setName(const QString& name) { reportName = name; }
+    QUrl url() const { return address; }
+    void setUrl(const QUrl& url) { address = url; }
+    QString logo() const { return logoImage; }
+    void setLogo(const QString& logo) { logoImage = logo; }
+    QString logoLink() const { return logoTarget; }
+    void setLogoLink(const QString& link) { logoTarget = link; }
 
     /// The metrics in document order.
-    const QList<ReportMetric>& metrics() const { return m_metrics.all(); }
+    const QList<ReportMetric>& metrics() const { return metricRecords.all(); }
     void setMetrics(const QList<ReportMetric>& list);
     void appendMetric(const ReportMetric& metric);
     /// Merges a later record into the first one of its id; false if there is none.
     bool mergeMetric(const ReportMetric& later);
     QSet<QString> metricIds() const;
-    bool hasMetric(const QString& id) const { return m_metrics.contains(id); }
+    bool hasMetric(const QString& id) const { return metricRecords.contains(id); }
     /// The first metric of this id, or a default record.
-    ReportMetric metric(const QString& id) const { return m_metrics.value(id); }
+    ReportMetric metric(const QString& id) const { return metricRecords.value(id); }
 
     /// The summary with its entries in display order.
     Summary summary() const;
     void setSummary(const Summary& summary);
     /// Adds markup to the heading or the footer, on a new line if there is some already.
-    void appendSummaryHeading(const QString& markup) { appendMarkup(m_summaryHeading, markup); }
-    void appendSummaryFooter(const QString& markup) { appendMarkup(m_summaryFooter, markup); }
-    void appendSummaryEntry(const SummaryEntry& entry) { m_summaryEntries.append(entry); }
-    bool hasSummaryEntry(const QString& id) const { return m_summaryEntries.contains(id); }
-    bool hasSummaryEntries() const { return !m_summaryEntries.isEmpty(); }
+    void appendSummaryHeading(const QString& markup) { appendMarkup(summaryHeading, markup); }
+    void appendSummaryFooter(const QString& markup) { appendMarkup(summaryFooter, markup); }
+    void appendSummaryEntry(const SummaryEntry& entry) { summaryEntries.append(entry); }
+    bool hasSummaryEntry(const QString& id) const { return summaryEntries.contains(id); }
+    bool hasSummaryEntries() const { return !summaryEntries.isEmpty(); }
 
     /// The subsections in display order, each with its entries in display order.
     QList<Subsection> subsections() const;
@@ -93,11 +93,11 @@ public:
     bool mergeSubsection(const Subsection& later);
     /// Puts a later record in the place of the first one of its id; false if there is none.
     bool replaceSubsection(const Subsection& later);
-    bool hasSubsection(const QString& id) const { return m_subsections.contains(id); }
+    bool hasSubsection(const QString& id) const { return subsectionRecords.contains(id); }
     /// The first subsection of this id, or a default record.
-    Subsection subsection(const QString& id) const { return m_subsections.value(id); }
+    Subsection subsection(const QString& id) const { return subsectionRecords.value(id); }
     /// How many advice strings all subsections accept together.
-    qint64 maxAdviceStrings() const { return m_maxAdviceStrings; }
+    qint64 maxAdviceStrings() const { return adviceStringsInAll; }
     /// The first metric that is broken down by a subsection which isn't there, or null.
     const ReportMetric* findMissingBreakdown();
 
@@ -105,8 +105,8 @@ public:
     void clearContent();
 
     /// Notes that a partial document of this name was merged.
-    void addPartialReport(const QString& name, const QUrl& url) { m_partialReports[name] = url; }
-    const QMap<QString, QUrl>& partialReports() const { return m_partialReports; }
+    void addPartialReport(const QString& name, const QUrl& url) { mergedReports[name] = url; }
+    const QMap<QString, QUrl>& partialReports() const { return mergedReports; }
     /// One line for the document and one for each merged one: name and address.
     QString describeSources(int indent) const;
 
@@ -121,20 +121,20 @@ private:
     template <typename Change>
     bool changeSubsection(const QString& id, const Change& change);
 
-    ReportIdScheme m_scheme;
-    QString m_name;
-    QString m_logo;
-    QString m_logoLink;
-    QUrl m_url;
-    RecordList<ReportMetric> m_metrics;
-    MetricIdTree m_metricIdTree;
-    BreakdownIndex m_breakdowns;
-    QString m_summaryHeading;
-    QString m_summaryFooter;
-    RecordList<SummaryEntry> m_summaryEntries;
-    RecordList<Subsection> m_subsections;
-    qint64 m_maxAdviceStrings = 0;
-    QMap<QString, QUrl> m_partialReports;
+    ReportIdScheme idRules;
+    QString reportName;
+    QString logoImage;
+    QString logoTarget;
+    QUrl address;
+    RecordList<ReportMetric> metricRecords;
+    MetricIdTree metricIdTree;
+    BreakdownIndex breakdowns;
+    QString summaryHeading;
+    QString summaryFooter;
+    RecordList<SummaryEntry> summaryEntries;
+    RecordList<Subsection> subsectionRecords;
+    qint64 adviceStringsInAll = 0;
+    QMap<QString, QUrl> mergedReports;
 };
 
 } // namespace vantrel::report

@@ -23,7 +23,14 @@ struct ReportIdScheme {
     static ReportIdScheme builtin() { return {QString(), QString(), QString(), false}; }
 };
 
-enum UnitPrefix : int { SiPrefix = 0, IecPrefix = 1 };
+/// The unit prefixes that a row asks for: powers of 1000, or of 1024.
+enum class UnitPrefixChoice : int { Si = 0, Iec = 1 };
+
+/// What of a sampled metric's samples makes the value.
+enum class SampleValue : int { None = 0, Min = 1, Max = 2, Mean = 3, Sum = 4 };
+
+/// How the values of several processes become one.
+enum class Aggregation : int { None = 0, Min = 1, Max = 2, Mean = 3 };
 
 /// A declared metric.
 struct ReportMetric {
@@ -36,8 +43,8 @@ struct ReportMetric {
     QString breakdownSubsection;  ///< id of a subsection; empty for none
     QString source;               ///< "metric" for one that is fed from a sampled metric
     QString metricRef;            ///< name of the sampled metric
-    int sampleValue = 0;          ///< 0 none, 1 min, 2 max, 3 mean, 4 sum
-    int aggregation = 0;          ///< 0 none, 1 min, 2 max, 3 mean
+    SampleValue sampleValue = SampleValue::None;
+    Aggregation aggregation = Aggregation::None;
 };
 
 /// A row of the summary.
@@ -46,7 +53,7 @@ struct SummaryEntry {
     QString reportMetric; ///< id of the metric shown
     QString chartLabel;
     QString description; ///< markup
-    QString requires;    ///< id of the metric that shows the row, "!" in front negates; or empty
+    QString requirement; ///< id of the metric that shows the row, "!" in front negates; or empty
     int order = 0;
 };
 
@@ -55,14 +62,14 @@ struct SubsectionEntry {
     QString reportMetric; ///< empty for a spacer
     QString displayName;  ///< replaces the metric's own
     Colour colour;        ///< replaces the metric's own
-    QString requires;
+    QString requirement;
     QString description; ///< markup
-    int unitPrefix = SiPrefix;
+    UnitPrefixChoice unitPrefix = UnitPrefixChoice::Si;
     bool machineReadableOnly = false;
     QString group;
     int order = 0;
     double maxBarValue = std::numeric_limits<double>::quiet_NaN();
-    bool isSpacer = false; ///< only order, requires and description mean anything
+    bool isSpacer = false; ///< only order, requirement and description mean anything
 };
 
 struct Subsection {
@@ -72,7 +79,7 @@ struct Subsection {
     QString text;        ///< markup
     QString errorMetric; ///< id of a string metric that holds an error message
     QList<SubsectionEntry> entries;
-    QString requires;
+    QString requirement;
     int order = 0;
     int maxAdviceStrings = 1;
 };

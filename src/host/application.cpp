@@ -40,12 +40,12 @@ std::unique_ptr<char[]> readCommandLine()
 
 /// Qt sets the process's locale from the environment when an application object is made. The
 /// host's locale is none of our business, so it is put back.
-class LocaleKeeper {
+class LocaleRestorer {
 public:
-    LocaleKeeper() : locale(setlocale(LC_ALL, nullptr)) {}
-    ~LocaleKeeper() { setlocale(LC_ALL, locale.c_str()); }
-    LocaleKeeper(const LocaleKeeper&) = delete;
-    LocaleKeeper& operator=(const LocaleKeeper&) = delete;
+    LocaleRestorer() : locale(setlocale(LC_ALL, nullptr)) {}
+    ~LocaleRestorer() { setlocale(LC_ALL, locale.c_str()); }
+    LocaleRestorer(const LocaleRestorer&) = delete;
+    LocaleRestorer& operator=(const LocaleRestorer&) = delete;
 
 private:
     std::string locale;
@@ -63,7 +63,7 @@ bool ensureApplication()
     // Qt keeps the arguments as long as the process lives. Nothing deletes the object.
     static int argc = 1;
     static char* argv[] = {commandLine.release(), nullptr};
-    const LocaleKeeper keeper;
+    const LocaleRestorer restorer;
     static const QCoreApplication* const application = new QCoreApplication(argc, argv);
     return application == QCoreApplication::instance();
 }

@@ -28,8 +28,7 @@ InstallationPaths* unlessDestroyed(InstallationPaths* paths)
 
 } // namespace
 
-InstallationPaths::InstallationPaths()
-    : m_backgroundTmpDir(textOption("BG_TMPDIR", QStringLiteral("/tmp")))
+InstallationPaths::InstallationPaths() : temporary(textOption("BG_TMPDIR", QStringLiteral("/tmp")))
 {}
 
 InstallationPaths* InstallationPaths::instance()
@@ -54,14 +53,14 @@ void InstallationPaths::destroy()
 void InstallationPaths::setRoot(const QString& dir)
 {
     const QDir below(dir);
-    m_root = dir;
-    m_binDir = below.filePath(QStringLiteral("bin"));
-    m_libDir = below.filePath(QStringLiteral("lib"));
-    m_libexecDir = below.filePath(QStringLiteral("libexec"));
-    m_resourceDir = below.filePath(QStringLiteral("resource"));
-    m_iconsDir = below.filePath(QStringLiteral("icons"));
-    for (const QString& path :
-         {m_root, m_binDir, m_libDir, m_libexecDir, m_resourceDir, m_iconsDir}) {
+    directories = {dir,
+                   below.filePath(QStringLiteral("bin")),
+                   below.filePath(QStringLiteral("lib")),
+                   below.filePath(QStringLiteral("libexec")),
+                   below.filePath(QStringLiteral("resource")),
+                   below.filePath(QStringLiteral("icons"))};
+    for (const QString& path : {directories.root, directories.bin, directories.lib,
+                                directories.libexec, directories.resource, directories.icons}) {
         if (!QDir(path).exists()) {
             qWarning("Unable to find directory '%s'.\nYour Corvane product installation may be "
                      "incomplete or corrupted.",
@@ -73,14 +72,12 @@ void InstallationPaths::setRoot(const QString& dir)
 void InstallationPaths::setRootFromApplication()
 {
     setRoot(QCoreApplication::applicationDirPath() + QLatin1String("/.."));
-    m_configDirName = QStringLiteral(".corvane");
+    configName = QStringLiteral(".corvane");
 }
 
 void InstallationPaths::setAllDirectories(const QString& dir)
 {
-    for (QString* path :
-         {&m_root, &m_binDir, &m_libDir, &m_libexecDir, &m_resourceDir, &m_iconsDir})
-        *path = dir;
+    directories = {dir, dir, dir, dir, dir, dir};
 }
 
 } // namespace vantrel

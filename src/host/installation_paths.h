@@ -21,36 +21,40 @@ public:
     void setRootFromApplication();
     /// Sets the root and its directories all to @p dir: the form for a flat layout.
     void setAllDirectories(const QString& dir);
-    void setConfigDirName(const QString& name) { m_configDirName = name; }
-    void setFlags(int value) { m_flags = value; }
+    void setConfigDirName(const QString& name) { configName = name; }
+    void setFlags(int value) { flagBits = value; }
 
-    QString root() const { return m_root; }
-    QString binDir() const { return m_binDir; }
-    QString libDir() const { return m_libDir; }
-    QString libexecDir() const { return m_libexecDir; }
+    QString root() const { return directories.root; }
+    QString binDir() const { return directories.bin; }
+    QString libDir() const { return directories.lib; }
+    QString libexecDir() const { return directories.libexec; }
     /// Name of the per-user configuration directory.
-    QString configDirName() const { return m_configDirName; }
-    QString resourceDir() const { return m_resourceDir; }
-    QString iconsDir() const { return m_iconsDir; }
+    QString configDirName() const { return configName; }
+    QString resourceDir() const { return directories.resource; }
+    QString iconsDir() const { return directories.icons; }
     /// Scratch directory: the environment option BG_TMPDIR, or "/tmp".
-    QString backgroundTmpDir() const { return m_backgroundTmpDir; }
+    QString backgroundTmpDir() const { return temporary; }
     /// A setting that is stored and handed back.
-    int flags() const { return m_flags; }
+    int flags() const { return flagBits; }
 
 private:
     InstallationPaths();
 
     static void destroy();
 
-    QString m_root;
-    QString m_binDir;
-    QString m_libDir;
-    QString m_libexecDir;
-    QString m_configDirName;
-    QString m_resourceDir;
-    QString m_iconsDir;
-    QString m_backgroundTmpDir;
-    int m_flags = 0;
+    struct Directories {
+        QString root;
+        QString bin;
+        QString lib;
+        QString libexec;
+        QString resource;
+        QString icons;
+    };
+
+    Directories directories;
+    QString configName;
+    QString temporary;
+    int flagBits = 0;
 };
 
 } // namespace vantrel

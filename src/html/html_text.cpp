@@ -75,10 +75,10 @@ int countValues(const QString& text, int at)
 /// to them.
 bool hasTooManyAttributes(const QString& text)
 {
-    constexpr int mostAttributes = 1000;
+    constexpr int maxAttributes = 1000;
     for (int at = text.indexOf(u'<'); at >= 0;) {
         const int end = endOfNonTag(text, at);
-        if (end < 0 && countValues(text, at) > mostAttributes)
+        if (end < 0 && countValues(text, at) > maxAttributes)
             return true;
         at = text.indexOf(u'<', end < 0 ? at + 1 : end);
     }

@@ -53,9 +53,9 @@ bool readDefinition(const QJsonObject& entry, MetricDefinition* definition, QStr
     if (definition->id.isEmpty() || definition->valuePath.isEmpty() ||
         definition->type == MetricType::None)
         return false;
-    if (definition->valuePath.count(u'.') >= mostPathParts) {
+    if (definition->valuePath.count(u'.') >= maxPathParts) {
         return fail(error, QObject::tr("The value of metric %1 has a path of more than %2 parts.")
-                               .arg(definition->id, QString::number(mostPathParts)));
+                               .arg(definition->id, QString::number(maxPathParts)));
     }
     return true;
 }

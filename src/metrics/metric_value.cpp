@@ -9,7 +9,7 @@ namespace vantrel {
 namespace {
 
 /// No double has more; Qt doesn't survive the greatest precisions.
-constexpr int mostSignificantDigits = 767;
+constexpr int maxSignificantDigits = 767;
 
 constexpr double quietNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -110,7 +110,7 @@ QString metricValueText(MetricType type, const QVariant& value)
         return QString::number(value.toDouble(), 'g', 6);
     case MetricType::DoubleWithPrecision: {
         const DoubleWithPrecision pair = toDoubleWithPrecision(value);
-        return QString::number(pair.value, 'g', qMin(pair.precision, mostSignificantDigits));
+        return QString::number(pair.value, 'g', qMin(pair.precision, maxSignificantDigits));
     }
     case MetricType::None:
         break;

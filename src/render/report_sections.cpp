@@ -15,14 +15,14 @@ namespace {
 
 /// Makes the path in the document that decides whether a row shows. The id isn't qualified, so
 /// it reaches the built-in metrics only.
-void insertVisibility(QJsonObject& row, const QString& requires)
+void insertVisibility(QJsonObject& row, const QString& requirement)
 {
-    if (requires.isEmpty())
+    if (requirement.isEmpty())
         return;
-    if (requires.startsWith(u'!'))
-        row.insert(QStringLiteral("hidden"), QLatin1String("data.") + requires.midRef(1));
+    if (requirement.startsWith(u'!'))
+        row.insert(QStringLiteral("hidden"), QLatin1String("data.") + requirement.midRef(1));
     else
-        row.insert(QStringLiteral("visible"), QLatin1String("data.") + requires);
+        row.insert(QStringLiteral("visible"), QLatin1String("data.") + requirement);
 }
 
 QString rawTemplate(const QString& path)
@@ -58,7 +58,7 @@ QJsonObject makeSummaryRow(const ReportDefinition& definition, const SummaryEntr
                rawTemplate(summaryAdviceKey(entry.id, definition.idScheme())));
     if (!entry.chartLabel.isEmpty())
         row.insert(QStringLiteral("chartLabel"), entry.chartLabel);
-    insertVisibility(row, entry.requires);
+    insertVisibility(row, entry.requirement);
     return row;
 }
 
@@ -80,7 +80,7 @@ QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& 
     const ReportMetric metric = findReportMetric(definition, entry.reportMetric);
     const QString metricKey = qualifiedMetricId(metric, definition.idScheme());
     QJsonObject row;
-    insertVisibility(row, entry.requires);
+    insertVisibility(row, entry.requirement);
     row.insert(QStringLiteral("metricId"), metricKey);
     if (!entry.machineReadableOnly) {
         row.insert(QStringLiteral("template"), metric.units == QLatin1String("%")
@@ -91,7 +91,7 @@ QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& 
                entry.colour.isValid() ? entryColorName(definition, subsection, index) : metricKey);
     if (!entry.displayName.isEmpty())
         row.insert(QStringLiteral("displayName"), entry.displayName);
-    if (entry.unitPrefix == IecPrefix)
+    if (entry.unitPrefix == UnitPrefixChoice::Iec)
         row.insert(QStringLiteral("useIEC"), true);
     if (!entry.description.isEmpty()) {
         row.insert(QStringLiteral("descriptionHtmlTemplate"),
@@ -107,7 +107,7 @@ QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& 
 QJsonObject makeSpacerRow(const SubsectionEntry& entry)
 {
     QJsonObject row;
-    insertVisibility(row, entry.requires);
+    insertVisibility(row, entry.requirement);
     row.insert(QStringLiteral("template"), QStringLiteral("spacerTemplate"));
     return row;
 }
@@ -147,7 +147,7 @@ QJsonObject makeSubsection(const ReportDefinition& definition, const Subsection&
         section.insert(QStringLiteral("errorHtmlTemplate"),
                        QStringLiteral("{{%1}}").arg(subsection.errorMetric));
     }
-    insertVisibility(section, subsection.requires);
+    insertVisibility(section, subsection.requirement);
     section.insert(QStringLiteral("metrics"), makeRows(definition, subsection, error));
     return section;
 }

@@ -83,7 +83,7 @@ inline QString metricLine(const ReportMetric& m)
     const QStringList texts({m.id, m.displayName, m.units, colourName(m.colour),
                              metricTypeName(m.type), QString::number(m.corvaneMetricVersion),
                              m.breakdownSubsection, m.source, m.metricRef});
-    return QString("%1|%2|%3").arg(texts.join('|')).arg(m.sampleValue).arg(m.aggregation);
+    return QString("%1|%2|%3").arg(texts.join('|')).arg(int(m.sampleValue)).arg(int(m.aggregation));
 }
 
 inline QString subsectionLine(const Subsection& s)
@@ -92,7 +92,7 @@ inline QString subsectionLine(const Subsection& s)
     for (const SubsectionEntry& entry : s.entries)
         rows += entry.isSpacer ? QStringLiteral("spacer") : entry.reportMetric;
     const QStringList texts({s.id, s.heading, colourName(s.colour), s.text, s.errorMetric,
-                             s.requires, QString::number(s.order),
+                             s.requirement, QString::number(s.order),
                              QString::number(s.maxAdviceStrings), rows.join('+')});
     return texts.join('|');
 }

@@ -99,9 +99,9 @@ bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QStrin
     if (definition.idScheme().reservesCorvaneIds &&
         (id.startsWith(QLatin1String("corvane.")) || id.startsWith(QLatin1String("com.corvane."))))
         return xml.fail(QObject::tr("The id=\"%1\" is reserved.").arg(id));
-    if (id.count(u'.') >= mostPathParts) {
+    if (id.count(u'.') >= maxPathParts) {
         return xml.fail(QObject::tr("The id=\"%1\" has more than %2 parts.")
-                            .arg(id, QString::number(mostPathParts)));
+                            .arg(id, QString::number(maxPathParts)));
     }
     return true;
 }
@@ -112,7 +112,7 @@ bool checkMetricExists(const ReportDefinition& definition, XmlSource& xml, const
            xml.fail(QObject::tr("There is no metric with id=\"%1\" in this report").arg(id));
 }
 
-bool readRequires(const ReportDefinition& definition, XmlSource& xml, QString* out)
+bool checkRequires(const ReportDefinition& definition, XmlSource& xml, QString* out)
 {
     if (!xml.readString("requires", XmlSource::Optional, out))
         return false;

@@ -18,14 +18,14 @@ bool readSourceDetails(ReportMetric* metric, XmlSource& xml)
     return true;
 }
 
-bool readUnits(ReportMetric* metric, const QString& typeWord, XmlSource& xml)
+bool readUnits(ReportMetric* metric, XmlSource& xml)
 {
     if (metric->type == MetricType::Integer || metric->type == MetricType::Double)
         return xml.readString("units", XmlSource::Optional, &metric->units);
     if (xml.hasAttribute("units")) {
         return xml.fail(
             QObject::tr("A '%1' element of type '%2' should not contain a 'units' attribute")
-                .arg(xml.elementName().toString(), typeWord));
+                .arg(xml.elementName().toString(), xml.attribute("type")));
     }
     metric->units.clear();
     return true;
@@ -33,7 +33,6 @@ bool readUnits(ReportMetric* metric, const QString& typeWord, XmlSource& xml)
 
 bool readMetricAttributes(ReportMetric* metric, bool isKnown, XmlSource& xml)
 {
-    QString typeWord;
     return expectElement(xml, "reportMetric",
                          "Expected start of 'reportMetric' element, got '%1'") &&
            xml.readString("id", XmlSource::Required, &metric->id) &&
@@ -41,9 +40,8 @@ bool readMetricAttributes(ReportMetric* metric, bool isKnown, XmlSource& xml)
                           &metric->displayName) &&
            xml.readString("breakdownSubsection", XmlSource::Optional,
                           &metric->breakdownSubsection) &&
-           xml.readColour("colour", &metric->colour) &&
-           xml.readMetricType("type", &metric->type, &typeWord) &&
-           readUnits(metric, typeWord, xml) &&
+           xml.readColourAttribute("colour", &metric->colour) &&
+           xml.readMetricType("type", &metric->type) && readUnits(metric, xml) &&
            xml.readMetricVersion("corvaneMetricVersion", &metric->corvaneMetricVersion) &&
            xml.readString("source", XmlSource::OptionalNotEmpty, &metric->source);
 }
@@ -79,6 +77,11 @@ bool readMetricContent(ReportMetric* metric, XmlSource& xml)
     }
 }
 
+bool readMetric(ReportMetric* metric, bool isKnown, XmlSource& xml)
+{
+    return readMetricAttributes(metric, isKnown, xml) && readMetricContent(metric, xml);
+}
+
 bool checkCollision(const ReportDefinition& definition, XmlSource& xml, const QString& id)
 {
     QString problem;
@@ -97,7 +100,7 @@ bool addMetric(ReportDefinition& definition, QSet<QString>* added, XmlSource& xm
 {
     const bool isKnown = definition.hasMetric(xml.attribute("id"));
     ReportMetric metric;
-    if (!readMetricAttributes(&metric, isKnown, xml) || !readMetricContent(&metric, xml))
+    if (!readMetric(&metric, isKnown, xml))
         return false;
     if (added->contains(metric.id)) {
         return xml.fail(QObject::tr("There is already a metric with id=\"%1\" in the <metrics> "

@@ -12,8 +12,8 @@ namespace vantrel::report {
 
 /// Advice slots are declared one by one, so there must be an end to them: for one subsection, and
 /// for all together.
-constexpr int greatestMaxAdviceStrings = 1000;
-constexpr int mostAdviceStrings = 100000;
+constexpr int maxAdviceStringsOfOne = 1000;
+constexpr int maxAdviceStringsInAll = 100000;
 
 bool readMetrics(ReportDefinition& definition, XmlSource& xml);
 bool readSummary(ReportDefinition& definition, XmlSource& xml, DocumentKind kind);
@@ -26,7 +26,7 @@ bool checkNewId(const ReportDefinition& definition, XmlSource& xml, const QStrin
 /// Whether the definition has this metric.
 bool checkMetricExists(const ReportDefinition& definition, XmlSource& xml, const QString& id);
 /// Reads the attribute that makes a row depend on a metric.
-bool readRequires(const ReportDefinition& definition, XmlSource& xml, QString* out);
+bool checkRequires(const ReportDefinition& definition, XmlSource& xml, QString* out);
 /// Reads the description of an entry, if its first child is one, and goes to the entry's end tag.
 void readDescription(XmlSource& xml, QString* description);
 /// Refuses a record that can't go with what earlier documents brought. The message tells which

@@ -12,31 +12,38 @@ bool readEntryAttributes(const ReportDefinition& definition, SubsectionEntry* en
 {
     if (entry->isSpacer) {
         return xml.readInt("order", XmlSource::Optional, &entry->order) &&
-               readRequires(definition, xml, &entry->requires);
+               checkRequires(definition, xml, &entry->requirement);
     }
     return xml.readBool("machineReadableOnly", false, &entry->machineReadableOnly) &&
            xml.readString("reportMetric", XmlSource::Required, &entry->reportMetric) &&
            xml.readUnitPrefix("unitPrefix", &entry->unitPrefix) &&
            xml.readString("displayName", XmlSource::Optional, &entry->displayName) &&
-           xml.readColour("colour", &entry->colour) &&
+           xml.readColourAttribute("colour", &entry->colour) &&
            xml.readString("group", XmlSource::Optional, &entry->group) &&
            xml.readDouble("maxBarValue", XmlSource::Optional, &entry->maxBarValue) &&
            xml.readInt("order", XmlSource::Optional, &entry->order) &&
-           readRequires(definition, xml, &entry->requires);
+           checkRequires(definition, xml, &entry->requirement);
+}
+
+bool readSubsectionEntry(const ReportDefinition& definition, SubsectionEntry* entry, XmlSource& xml)
+{
+    entry->isSpacer = xml.elementName() == QLatin1String("spacer");
+    if (!entry->isSpacer &&
+        !expectElement(
+            xml, "entry",
+            "Expected start of 'entry' or 'spacer' element (from within 'subsection'), got '%1'"))
+        return false;
+    if (!readEntryAttributes(definition, entry, xml))
+        return false;
+    readDescription(xml, &entry->description);
+    return true;
 }
 
 bool addEntry(const ReportDefinition& definition, Subsection* subsection, XmlSource& xml)
 {
     SubsectionEntry entry;
-    entry.isSpacer = xml.elementName() == QLatin1String("spacer");
-    if (!entry.isSpacer &&
-        !expectElement(
-            xml, "entry",
-            "Expected start of 'entry' or 'spacer' element (from within 'subsection'), got '%1'"))
+    if (!readSubsectionEntry(definition, &entry, xml))
         return false;
-    if (!readEntryAttributes(definition, &entry, xml))
-        return false;
-    readDescription(xml, &entry.description);
     if (!entry.isSpacer && !checkMetricExists(definition, xml, entry.reportMetric))
         return false;
     subsection->entries.append(entry);
@@ -72,10 +79,10 @@ bool readMaxAdviceStrings(Subsection* subsection, XmlSource& xml)
     int& number = subsection->maxAdviceStrings;
     if (!xml.readInt("maxAdviceStrings", XmlSource::Optional, &number))
         return false;
-    if (number > greatestMaxAdviceStrings) {
+    if (number > maxAdviceStringsOfOne) {
         return xml.fail(QObject::tr("Attribute 'maxAdviceStrings' cannot be greater than %1. "
                                     "Current value = %2.")
-                            .arg(greatestMaxAdviceStrings)
+                            .arg(maxAdviceStringsOfOne)
                             .arg(number));
     }
     if (number < 0) {
@@ -112,8 +119,8 @@ bool readSubsection(const ReportDefinition& definition, Subsection* subsection, 
            xml.readString("id", XmlSource::Required, &subsection->id) &&
            xml.readString("heading", isKnown ? XmlSource::Optional : XmlSource::Required,
                           &subsection->heading) &&
-           xml.readColour("colour", &subsection->colour) &&
-           readRequires(definition, xml, &subsection->requires) &&
+           xml.readColourAttribute("colour", &subsection->colour) &&
+           checkRequires(definition, xml, &subsection->requirement) &&
            readErrorMetric(definition, subsection, xml) &&
            xml.readInt("order", XmlSource::Optional, &subsection->order) &&
            readMaxAdviceStrings(subsection, xml) &&
@@ -156,9 +163,9 @@ bool addSubsection(ReportDefinition& definition, QSet<QString>* added, XmlSource
         added->insert(subsection.id);
         definition.appendSubsection(subsection);
     }
-    return definition.maxAdviceStrings() <= mostAdviceStrings ||
+    return definition.maxAdviceStrings() <= maxAdviceStringsInAll ||
            xml.fail(QObject::tr("The subsections have more than %1 advice strings together.")
-                        .arg(mostAdviceStrings));
+                        .arg(maxAdviceStringsInAll));
 }
 
 bool checkBreakdowns(ReportDefinition& definition, XmlSource& xml)

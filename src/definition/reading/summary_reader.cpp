@@ -14,7 +14,7 @@ bool readSummaryEntry(const ReportDefinition& definition, SummaryEntry* entry, X
     if (!xml.readString("id", XmlSource::Required, &entry->id) ||
         !xml.readString("reportMetric", XmlSource::Required, &entry->reportMetric) ||
         !xml.readString("chartLabel", XmlSource::Optional, &entry->chartLabel) ||
-        !readRequires(definition, xml, &entry->requires) ||
+        !checkRequires(definition, xml, &entry->requirement) ||
         !xml.readInt("order", XmlSource::Optional, &entry->order))
         return false;
     readDescription(xml, &entry->description);

@@ -2,24 +2,24 @@
 #include "definition/reading/xml_source.h"
 
 #include "definition/reading/colour_string.h"
-#include "definition/report_records.h"
 
 #include <QObject>
+#include <QStringList>
 
+#include <algorithm>
 #include <iterator>
 #include <limits>
 
 namespace vantrel::report {
 
-/// A word that an attribute can hold, and what it stands for.
-struct XmlSource::Word {
-    const char* word;
-    int code;
-};
-
 namespace {
 
-constexpr char missingAttribute[] = "Missing attribute '%1' for '%2' element";
+template <typename Words>
+auto findWord(const Words& words, const QStringRef& text)
+{
+    return std::find_if(std::begin(words), std::end(words),
+                        [&text](const auto& word) { return text == QLatin1String(word.text); });
+}
 
 } // namespace
 
@@ -38,14 +38,43 @@ bool XmlSource::failMissing(const char* message, const char* attribute)
     return fail(QObject::tr(message).arg(QLatin1String(attribute), elementName().toString()));
 }
 
-const XmlSource::Word* XmlSource::findWord(const Word* begin, const Word* end,
-                                           const QStringRef& text) const
+bool XmlSource::failConversion(const char* message, const QStringRef& text, const char* attribute)
 {
-    for (const Word* word = begin; word != end; ++word) {
-        if (text == QLatin1String(word->word))
-            return word;
+    return fail(QObject::tr(message).arg(text.toString(), QLatin1String(attribute),
+                                         elementName().toString()));
+}
+
+template <typename Code, std::size_t count>
+bool XmlSource::readWord(const char* attribute, const Word<Code> (&words)[count], Code* out)
+{
+    const QStringRef text = attributeText(attribute);
+    if (text.isNull())
+        return true;
+    const auto found = findWord(words, text);
+    if (found != std::end(words)) {
+        *out = found->code;
+        return true;
     }
-    return nullptr;
+    QStringList expected;
+    for (const Word<Code>& word : words)
+        expected.append(QStringLiteral("'%1'").arg(QLatin1String(word.text)));
+    return fail(QObject::tr("Unrecognised value for attribute '%1' for '%2' element: '%3'. "
+                            "Expected one of: %4.")
+                    .arg(QLatin1String(attribute), elementName().toString(), text.toString(),
+                         expected.join(QLatin1String(", "))));
+}
+
+template <typename Code, std::size_t count>
+bool XmlSource::readRequiredWord(const char* attribute, const Word<Code> (&words)[count], Code* out)
+{
+    const QStringRef text = attributeText(attribute);
+    if (text.isNull())
+        return failMissing("Missing attribute '%1' for '%2' element", attribute);
+    const auto found = findWord(words, text);
+    if (found == std::end(words))
+        return false;
+    *out = found->code;
+    return true;
 }
 
 bool XmlSource::readString(const char* attribute, Mode mode, QString* out)
@@ -86,9 +115,9 @@ bool XmlSource::readInt(const char* attribute, Mode mode, int* out)
     }
     bool ok = false;
     *out = text.toInt(&ok);
-    return ok ||
-           fail(QObject::tr("Could not convert '%1' to an int in attribute '%2' for '%3' element")
-                    .arg(text.toString(), QLatin1String(attribute), elementName().toString()));
+    return ok || failConversion("Could not convert '%1' to an int in attribute '%2' for '%3' "
+                                "element",
+                                text, attribute);
 }
 
 bool XmlSource::readDouble(const char* attribute, Mode mode, double* out)
@@ -108,49 +137,27 @@ bool XmlSource::readDouble(const char* attribute, Mode mode, double* out)
         *out = -std::numeric_limits<double>::infinity();
     else if (number != QLatin1String("nan"))
         *out = number.toDouble(&ok);
-    return ok ||
-           fail(
-               QObject::tr("Could not convert '%1' to an double in attribute '%2' for '%3' element")
-                   .arg(text.toString(), QLatin1String(attribute), elementName().toString()));
+    return ok || failConversion("Could not convert '%1' to an double in attribute '%2' for '%3' "
+                                "element",
+                                text, attribute);
 }
 
-bool XmlSource::readMetricType(const char* attribute, MetricType* out, QString* word)
+bool XmlSource::readMetricType(const char* attribute, MetricType* out)
 {
-    static constexpr Word words[] = {{"string", int(MetricType::String)},
-                                     {"boolean", int(MetricType::Bool)},
-                                     {"integer", int(MetricType::Integer)},
-                                     {"double", int(MetricType::Double)}};
+    static constexpr Word<MetricType> words[] = {{"string", MetricType::String},
+                                                 {"boolean", MetricType::Bool},
+                                                 {"integer", MetricType::Integer},
+                                                 {"double", MetricType::Double}};
     *out = MetricType::Double;
-    *word = QStringLiteral("double");
-    const QStringRef text = attributeText(attribute);
-    if (text.isNull())
-        return true;
-    const Word* found = findWord(std::begin(words), std::end(words), text);
-    if (!found) {
-        return fail(QObject::tr("Unrecognised value for attribute '%1' for '%2' element: '%3'. "
-                                "Expected one of: 'string', 'boolean', 'integer', 'double'.")
-                        .arg(QLatin1String(attribute), elementName().toString(), text.toString()));
-    }
-    *out = MetricType(found->code);
-    *word = text.toString();
-    return true;
+    return readWord(attribute, words, out);
 }
 
-bool XmlSource::readUnitPrefix(const char* attribute, int* out)
+bool XmlSource::readUnitPrefix(const char* attribute, UnitPrefixChoice* out)
 {
-    static constexpr Word words[] = {{"si", SiPrefix}, {"iec", IecPrefix}};
-    *out = SiPrefix;
-    const QStringRef text = attributeText(attribute);
-    if (text.isNull())
-        return true;
-    const Word* found = findWord(std::begin(words), std::end(words), text);
-    if (!found) {
-        return fail(QObject::tr("Unrecognised value for attribute '%1' for '%2' element: '%3'. "
-                                "Expected one of: 'si', 'iec'.")
-                        .arg(QLatin1String(attribute), elementName().toString(), text.toString()));
-    }
-    *out = found->code;
-    return true;
+    static constexpr Word<UnitPrefixChoice> words[] = {{"si", UnitPrefixChoice::Si},
+                                                       {"iec", UnitPrefixChoice::Iec}};
+    *out = UnitPrefixChoice::Si;
+    return readWord(attribute, words, out);
 }
 
 bool XmlSource::readMetricVersion(const char* attribute, int* out)
@@ -160,32 +167,23 @@ bool XmlSource::readMetricVersion(const char* attribute, int* out)
     return ok;
 }
 
-bool XmlSource::readRequiredWord(const char* attribute, const Word* begin, const Word* end,
-                                 int* out)
+bool XmlSource::readSampleValue(const char* attribute, SampleValue* out)
 {
-    const QStringRef text = attributeText(attribute);
-    if (text.isNull())
-        return failMissing(missingAttribute, attribute);
-    const Word* found = findWord(begin, end, text);
-    if (!found)
-        return false;
-    *out = found->code;
-    return true;
+    static constexpr Word<SampleValue> words[] = {{"min", SampleValue::Min},
+                                                  {"max", SampleValue::Max},
+                                                  {"mean", SampleValue::Mean},
+                                                  {"sum", SampleValue::Sum}};
+    return readRequiredWord(attribute, words, out);
 }
 
-bool XmlSource::readSampleValue(const char* attribute, int* out)
+bool XmlSource::readAggregation(const char* attribute, Aggregation* out)
 {
-    static constexpr Word words[] = {{"min", 1}, {"max", 2}, {"mean", 3}, {"sum", 4}};
-    return readRequiredWord(attribute, std::begin(words), std::end(words), out);
+    static constexpr Word<Aggregation> words[] = {
+        {"min", Aggregation::Min}, {"max", Aggregation::Max}, {"mean", Aggregation::Mean}};
+    return readRequiredWord(attribute, words, out);
 }
 
-bool XmlSource::readAggregation(const char* attribute, int* out)
-{
-    static constexpr Word words[] = {{"min", 1}, {"max", 2}, {"mean", 3}};
-    return readRequiredWord(attribute, std::begin(words), std::end(words), out);
-}
-
-bool XmlSource::readColour(const char* attribute, Colour* out)
+bool XmlSource::readColourAttribute(const char* attribute, Colour* out)
 {
     *out = Colour();
     const QStringRef text = attributeText(attribute);

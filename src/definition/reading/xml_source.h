@@ -1,12 +1,13 @@
 #pragma once
 
-#include "definition/colour.h"
 #include "definition/framed_message.h"
-#include "definition/metric_type.h"
+#include "definition/report_records.h"
 
 #include <QString>
 #include <QUrl>
 #include <QXmlStreamReader>
+
+#include <cstddef>
 
 namespace vantrel::report {
 
@@ -54,25 +55,34 @@ public:
     bool readInt(const char* attribute, Mode mode, int* out);
     /// NaN if the attribute is absent.
     bool readDouble(const char* attribute, Mode mode, double* out);
-    /// @p word takes the type as it is spelled in definitions.
-    bool readMetricType(const char* attribute, MetricType* out, QString* word);
-    bool readUnitPrefix(const char* attribute, int* out);
+    bool readMetricType(const char* attribute, MetricType* out);
+    bool readUnitPrefix(const char* attribute, UnitPrefixChoice* out);
     bool readMetricVersion(const char* attribute, int* out);
-    bool readSampleValue(const char* attribute, int* out);
-    bool readAggregation(const char* attribute, int* out);
+    bool readSampleValue(const char* attribute, SampleValue* out);
+    bool readAggregation(const char* attribute, Aggregation* out);
     /// Invalid if the attribute is absent or empty.
-    bool readColour(const char* attribute, Colour* out);
+    bool readColourAttribute(const char* attribute, Colour* out);
     /// @}
 
 private:
-    struct Word;
+    /// A word that an attribute can hold, and what it stands for.
+    template <typename Code>
+    struct Word {
+        const char* text;
+        Code code;
+    };
 
     void report(const char* frame, const QString& text);
     /// The attribute's text; null if it is absent.
     QStringRef attributeText(const char* attribute) const;
     bool failMissing(const char* message, const char* attribute);
-    const Word* findWord(const Word* begin, const Word* end, const QStringRef& text) const;
-    bool readRequiredWord(const char* attribute, const Word* begin, const Word* end, int* out);
+    bool failConversion(const char* message, const QStringRef& text, const char* attribute);
+    /// An attribute that is absent leaves @p out as it is.
+    template <typename Code, std::size_t count>
+    bool readWord(const char* attribute, const Word<Code> (&words)[count], Code* out);
+    /// A word that isn't among them is refused without a message.
+    template <typename Code, std::size_t count>
+    bool readRequiredWord(const char* attribute, const Word<Code> (&words)[count], Code* out);
 
     QXmlStreamReader reader;
     QUrl location;

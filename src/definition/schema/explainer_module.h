@@ -17,7 +17,7 @@ constexpr char explainerFunction[] = "vantrel_explain_1";
 
 /// Qt numbers the names of a schema and of all documents checked with it, 511 namespaces at most,
 /// and takes one name for another when it runs out of numbers.
-constexpr int mostNames = 300;
+constexpr int maxNamesOfValidator = 300;
 
 struct SchemaQuestion {
     QByteArray xml;

@@ -40,7 +40,7 @@ public:
     bool reserve(const QSet<QString>& more)
     {
         names.unite(more);
-        return names.size() <= mostNames;
+        return names.size() <= maxNamesOfValidator;
     }
 
 private:
@@ -52,7 +52,7 @@ private:
 
 /// A schema never gives all of its memory back, so the compiled-in one is kept as long as its
 /// numbers last.
-QtSchema* keptSchema(const SchemaQuestion& question, QNetworkAccessManager* manager)
+QtSchema* reusableSchema(const SchemaQuestion& question, QNetworkAccessManager* manager)
 {
     static QtSchema* kept = nullptr;
     if (!kept || !kept->reserve(question.names)) {
@@ -82,7 +82,7 @@ bool explain(const SchemaQuestion& question, QString* error)
     std::unique_ptr<QtSchema> own;
     if (question.schema.path != compiledInSchema())
         own = std::make_unique<QtSchema>(question.schema, network.manager());
-    QtSchema* const judge = own ? own.get() : keptSchema(question, network.manager());
+    QtSchema* const judge = own ? own.get() : reusableSchema(question, network.manager());
     if (!judge->isValid())
         return fail(error, QObject::tr("Schema file '%1' is not valid").arg(question.schema.path));
     return judge->accepts(question, error);

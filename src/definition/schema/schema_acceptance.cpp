@@ -117,7 +117,7 @@ xmlSchema* parseSchema()
 }
 
 /// Parsed once and kept until the process ends. Null if that fails, but for lack of memory.
-xmlSchema* keptSchema()
+xmlSchema* libxmlSchema()
 {
     static xmlSchema* const schema = parseSchema();
     return schema;
@@ -173,7 +173,7 @@ bool judge(const QByteArray& xml, Messages* messages)
     static const bool isReady = (xmlInitParser(), true);
     Q_UNUSED(isReady)
     const ErrorsOfHost errors(messages);
-    xmlSchema* const schema = keptSchema();
+    xmlSchema* const schema = libxmlSchema();
     const Document document = schema ? parse(xml, messages) : nullptr;
     if (!document)
         return false;

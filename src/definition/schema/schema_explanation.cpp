@@ -49,11 +49,12 @@ bool checkTokens(const QByteArray& xml, const QUrl& url, QSet<QString>* names, Q
         const QXmlStreamReader::TokenType token = reader.readNext();
         level +=
             (token == QXmlStreamReader::StartElement) - (token == QXmlStreamReader::EndElement);
-        if (level > mostLevels)
+        if (level > maxNesting)
             return fail(tooDeepMessage());
         collectNames(reader, names);
-        if (names->size() > mostNames)
-            return fail(QObject::tr("There are more than %1 different names").arg(mostNames));
+        if (names->size() > maxNamesOfValidator)
+            return fail(
+                QObject::tr("There are more than %1 different names").arg(maxNamesOfValidator));
     }
     return true;
 }

@@ -120,19 +120,19 @@ bool checkTags(const QByteArray& xml, const QUrl& url, QString* error, const QSt
 bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error)
 {
     return checkTags(xml, url, error,
-                     QObject::tr("An element has more than %1 attributes").arg(mostAttributes),
-                     [](const TagWalk& walk) { return walk.attributes() <= mostAttributes; });
+                     QObject::tr("An element has more than %1 attributes").arg(maxAttributes),
+                     [](const TagWalk& walk) { return walk.attributes() <= maxAttributes; });
 }
 
 bool checkNesting(const QByteArray& xml, const QUrl& url, QString* error)
 {
     return checkTags(xml, url, error, tooDeepMessage(),
-                     [](const TagWalk& walk) { return walk.level() <= mostLevels; });
+                     [](const TagWalk& walk) { return walk.level() <= maxNesting; });
 }
 
 QString tooDeepMessage()
 {
-    return QObject::tr("Elements are nested more than %1 levels deep").arg(mostLevels);
+    return QObject::tr("Elements are nested more than %1 levels deep").arg(maxNesting);
 }
 
 } // namespace vantrel::report

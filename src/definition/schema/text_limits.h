@@ -8,10 +8,10 @@ namespace vantrel::report {
 
 /// The XML readers compare each attribute of an element with all others of it, so there must be an
 /// end to them.
-constexpr int mostAttributes = 1000;
+constexpr int maxAttributes = 1000;
 
 /// Validators recurse on the depth of a document.
-constexpr int mostLevels = 200;
+constexpr int maxNesting = 200;
 
 /// Refuses a text that would keep an XML reader busy for ever. Looks at the bytes alone and takes
 /// time in proportion to them.
@@ -19,7 +19,7 @@ constexpr int mostLevels = 200;
 /// @return false, with a message in @p error, which may be null
 bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error);
 
-/// Refuses a text whose elements are nested more than mostLevels deep, in the same way.
+/// Refuses a text whose elements are nested more than maxNesting deep, in the same way.
 bool checkNesting(const QByteArray& xml, const QUrl& url, QString* error);
 QString tooDeepMessage();
 

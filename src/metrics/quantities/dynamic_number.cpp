@@ -16,7 +16,7 @@ namespace vantrel {
 namespace {
 
 /// No double has more digits behind the point that aren't 0, and Qt's formatting aborts far above.
-constexpr int mostDecimals = 1074;
+constexpr int maxDecimals = 1074;
 
 /// Makes a transfer of so many bytes; one that a signal interrupts is made again.
 template <typename Transfer>
@@ -42,37 +42,37 @@ int readAll(int fd, void* bytes, std::size_t size)
 QString englishText(double number, char format, int precision)
 {
     const QString text = QLocale(QLocale::English, QLocale::AnyCountry)
-                             .toString(number, format, qMin(precision, mostDecimals));
-    const bool isCut = format == 'f' && precision > mostDecimals && std::isfinite(number);
-    return isCut ? text + QString(precision - mostDecimals, u'0') : text;
+                             .toString(number, format, qMin(precision, maxDecimals));
+    const bool isCut = format == 'f' && precision > maxDecimals && std::isfinite(number);
+    return isCut ? text + QString(precision - maxDecimals, u'0') : text;
 }
 
 } // namespace
 
 void DynamicNumber::setInteger(Type type, quint64 bits)
 {
-    m_type = type;
-    m_bits = bits;
+    kind = type;
+    payload = bits;
 }
 
 void DynamicNumber::setFloat(double number)
 {
-    m_type = Float;
-    std::memcpy(&m_bits, &number, sizeof number);
+    kind = Float;
+    std::memcpy(&payload, &number, sizeof number);
 }
 
 double DynamicNumber::floatValue() const
 {
     double number = 0.0;
-    std::memcpy(&number, &m_bits, sizeof number);
+    std::memcpy(&number, &payload, sizeof number);
     return number;
 }
 
 double DynamicNumber::numericValue() const
 {
-    if (m_type == Float)
+    if (kind == Float)
         return floatValue();
-    return m_type == Signed ? double(qint64(m_bits)) : double(m_bits);
+    return kind == Signed ? double(qint64(payload)) : double(payload);
 }
 
 DynamicNumber DynamicNumber::parse(const QString& text)
@@ -113,7 +113,7 @@ quint64 DynamicNumber::toUInt64() const
         warnConversionOverflow();
         return 0;
     }
-    return isFloat() ? saturatedCast<quint64>(floatValue()) : m_bits;
+    return isFloat() ? saturatedCast<quint64>(floatValue()) : payload;
 }
 
 qint64 DynamicNumber::toInt64() const
@@ -124,11 +124,11 @@ qint64 DynamicNumber::toInt64() const
     }
     if (isFloat())
         return saturatedCast<qint64>(floatValue());
-    if (m_type == Unsigned && qint64(m_bits) < 0) {
+    if (kind == Unsigned && qint64(payload) < 0) {
         warnConversionOverflow();
         return 0;
     }
-    return qint64(m_bits);
+    return qint64(payload);
 }
 
 qint32 DynamicNumber::toInt32() const
@@ -146,7 +146,7 @@ qint32 DynamicNumber::toInt32() const
         warnConversionOverflow();
         return 0;
     }
-    return qint32(m_bits);
+    return qint32(payload);
 }
 
 double DynamicNumber::toDouble() const
@@ -159,11 +159,11 @@ double DynamicNumber::toDouble() const
 
 QVariant DynamicNumber::toVariant() const
 {
-    switch (m_type) {
+    switch (kind) {
     case Unsigned:
-        return qulonglong(m_bits);
+        return qulonglong(payload);
     case Signed:
-        return qlonglong(m_bits);
+        return qlonglong(payload);
     case Float:
         return floatValue();
     case Undefined:
@@ -175,13 +175,13 @@ QVariant DynamicNumber::toVariant() const
 
 QString DynamicNumber::toString() const
 {
-    switch (m_type) {
+    switch (kind) {
     case Undefined:
         return QStringLiteral("<undefined>");
     case Unsigned:
-        return QString::number(m_bits);
+        return QString::number(payload);
     case Signed:
-        return QString::number(qint64(m_bits));
+        return QString::number(qint64(payload));
     case Float:
         return QString::number(floatValue(), 'g', 15);
     }
@@ -208,12 +208,12 @@ QString DynamicNumber::toStringF(int precision) const
 
 QString DynamicNumber::describe() const
 {
-    return toString() + QLatin1String(" of type ") + QString::number(m_type);
+    return toString() + QLatin1String(" of type ") + QString::number(kind);
 }
 
 int DynamicNumber::writeTo(int fd) const
 {
-    if (writeAll(fd, &m_type, sizeof m_type) != 0)
+    if (writeAll(fd, &kind, sizeof kind) != 0)
         return -1;
     if (isUndefined())
         return 0;
@@ -221,7 +221,7 @@ int DynamicNumber::writeTo(int fd) const
         errno = EINVAL;
         return -1;
     }
-    return writeAll(fd, &m_bits, sizeof m_bits);
+    return writeAll(fd, &payload, sizeof payload);
 }
 
 int DynamicNumber::readFrom(int fd)
@@ -230,13 +230,13 @@ int DynamicNumber::readFrom(int fd)
     quint32 type = Undefined;
     if (readAll(fd, &type, sizeof type) != 0)
         return -1;
-    number.m_type = Type(type);
+    number.kind = Type(type);
     if (!number.isUndefined()) {
         if (!number.hasValue()) {
             errno = EIO;
             return -1;
         }
-        if (readAll(fd, &number.m_bits, sizeof number.m_bits) != 0)
+        if (readAll(fd, &number.payload, sizeof number.payload) != 0)
             return -1;
     }
     *this = number;
@@ -291,8 +291,9 @@ DynamicNumber& DynamicNumber::apply(Operation operation, DynamicNumber right)
     if (isFloat() || right.isFloat() || operation == Divide)
         return *this = compute(operation, numericValue(), right.numericValue());
     // Sums, differences and products of integers have the same bits with a sign and without.
-    const quint64 bits[] = {m_bits + right.m_bits, m_bits - right.m_bits, m_bits * right.m_bits};
-    const bool isUnsigned = m_type == Unsigned && right.m_type == Unsigned && operation != Subtract;
+    const quint64 bits[] = {payload + right.payload, payload - right.payload,
+                            payload * right.payload};
+    const bool isUnsigned = kind == Unsigned && right.kind == Unsigned && operation != Subtract;
     setInteger(isUnsigned ? Unsigned : Signed, bits[operation]);
     return *this;
 }
@@ -307,7 +308,7 @@ DynamicNumber DynamicNumber::operator-() const
     else if (isFloat())
         negative.setFloat(-floatValue());
     else
-        negative.setInteger(Signed, 0 - m_bits);
+        negative.setInteger(Signed, 0 - payload);
     return negative;
 }
 
@@ -327,16 +328,16 @@ DynamicNumber::Ordering DynamicNumber::compare(DynamicNumber a, DynamicNumber b)
     if (a.isNegativeInteger() != b.isNegativeInteger())
         return a.isNegativeInteger() ? Less : Greater;
     // Integers of one sign are in the order of their bits.
-    return order(a.m_bits, b.m_bits);
+    return order(a.payload, b.payload);
 }
 
 bool DynamicNumber::identicalTo(DynamicNumber other) const
 {
-    if (m_type != other.m_type)
+    if (kind != other.kind)
         return false;
     if (isFloat())
         return floatValue() == other.floatValue();
-    return isUndefined() || m_bits == other.m_bits;
+    return isUndefined() || payload == other.payload;
 }
 
 DynamicNumber DynamicNumber::squareRoot() const
@@ -351,11 +352,11 @@ DynamicNumber DynamicNumber::rounded() const
 
 void DynamicNumber::toFloat()
 {
-    if (m_type == Unsigned || m_type == Signed) {
+    if (kind == Unsigned || kind == Signed) {
         setFloat(numericValue());
     } else if (!isFloat()) {
         warnUnsupportedDatatype();
-        m_type = Float;
+        kind = Float;
     }
 }
 
@@ -366,9 +367,9 @@ DynamicNumber DynamicNumber::multiplyChecked(DynamicNumber a, DynamicNumber b)
     const double product = a.toDouble() * b.toDouble();
     double lowest = 0.0;
     double end = 0.0;
-    if (a.m_type == Unsigned) {
+    if (a.kind == Unsigned) {
         end = std::ldexp(1.0, 64);
-    } else if (a.m_type == Signed) {
+    } else if (a.kind == Signed) {
         end = std::ldexp(1.0, 63);
         lowest = -end;
     } else {

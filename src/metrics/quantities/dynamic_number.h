@@ -39,9 +39,9 @@ public:
     /// Takes an integer or a double; warns of any other variant and stays as it was.
     void assign(const QVariant& variant);
 
-    Type type() const { return m_type; }
-    bool isUndefined() const { return m_type == Undefined; }
-    bool isFloat() const { return m_type == Float; }
+    Type type() const { return kind; }
+    bool isUndefined() const { return kind == Undefined; }
+    bool isFloat() const { return kind == Float; }
 
     /// @name Conversions
     /// An integer that doesn't fit gives 0 and a warning. A Float loses its fraction; NaN is 0.
@@ -168,8 +168,8 @@ private:
     enum Operation { Add, Subtract, Multiply, Divide };
     enum Ordering { Unordered, Less, Equal, Greater };
 
-    bool hasValue() const { return m_type >= Unsigned && m_type <= Float; }
-    bool isNegativeInteger() const { return m_type == Signed && qint64(m_bits) < 0; }
+    bool hasValue() const { return kind >= Unsigned && kind <= Float; }
+    bool isNegativeInteger() const { return kind == Signed && qint64(payload) < 0; }
     void setInteger(Type type, quint64 bits);
     void setFloat(double number);
     static double compute(Operation operation, double left, double right);
@@ -179,8 +179,8 @@ private:
     DynamicNumber& apply(Operation operation, DynamicNumber right);
     static Ordering compare(DynamicNumber a, DynamicNumber b);
 
-    Type m_type = Undefined;
-    quint64 m_bits = 0; ///< of the value, whatever its kind
+    Type kind = Undefined;
+    quint64 payload = 0; ///< of the value, whatever its kind
 };
 
 static_assert(sizeof(DynamicNumber) == 16 && std::is_trivially_copyable_v<DynamicNumber>,

@@ -121,7 +121,7 @@ TEST(DefinitionContent, readsEveryAttribute)
     EXPECT_EQ(metricLine(read.metric("d")), "d|D||none|String|0||internal||0|0");
     const SummaryEntry shown = read.summary().entries.first();
     EXPECT_EQ(QStringList({read.summary().heading, shown.id, shown.reportMetric, shown.chartLabel,
-                           shown.description, shown.requires, QString::number(shown.order)})
+                           shown.description, shown.requirement, QString::number(shown.order)})
                   .join('|'),
               "One<br/>Two|f|b.c|L||!version|-1");
 
@@ -131,8 +131,8 @@ TEST(DefinitionContent, readsEveryAttribute)
     for (const SubsectionEntry& entry : section.entries) {
         const double scale = hasMaxBarValue(entry) ? entry.maxBarValue : -1;
         rows += QStringList({entry.reportMetric, entry.displayName, colourName(entry.colour),
-                             entry.group, entry.requires, QString::number(entry.order),
-                             QString::number(entry.unitPrefix), QString::number(scale),
+                             entry.group, entry.requirement, QString::number(entry.order),
+                             QString::number(int(entry.unitPrefix)), QString::number(scale),
                              QString::number(entry.machineReadableOnly)})
                     .join('|');
     }
