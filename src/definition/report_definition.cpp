@@ -4,6 +4,7 @@
 #include "definition/record_merging.h"
 #include "definition/schema/schema_validation.h"
 #include "definition/schema/text_limits.h"
+#include "host/error_message.h"
 #include "host/whole_file.h"
 
 #include <QObject>
@@ -32,8 +33,6 @@ QString sourceLine(int indent, const QString& name, const QUrl& url)
 bool checkDocument(const QByteArray& xml, const QUrl& url, const QString& schemaPath,
                    QString* error, int messageMode)
 {
-    if (error)
-        error->clear();
     return checkTextLimits(xml, url, error) &&
            (schemaPath.isEmpty() || validateDefinition(xml, url, schemaPath, error, messageMode));
 }
@@ -46,8 +45,6 @@ constexpr FileMessages documentFileMessages{
 
 bool readDocumentFile(const QString& path, QByteArray* xml, QString* error)
 {
-    if (error)
-        error->clear();
     return readWholeFile(path, documentFileMessages, xml, error);
 }
 
@@ -231,6 +228,7 @@ QString ReportDefinition::findMetricIdCollision(const QString& id, QString* erro
     const auto reportEmptyPart = [error](const QString& culprit) {
         *error = QObject::tr("%1 contains empty parts.").arg(culprit);
     };
+    clearError(error);
     if (error && MetricIdTree::hasEmptyPart(id)) {
         reportEmptyPart(id);
         return QString();

@@ -112,7 +112,7 @@ public:
 
     /// Finds a metric whose place in the nested values the new id would need as well.
     ///
-    /// @param error may be null; takes a message if an id has an empty part
+    /// @param error takes a message if an id has an empty part, which isn't looked at with null
     /// @return the id of the first such metric; empty for none
     QString findMetricIdCollision(const QString& id, QString* error) const;
 

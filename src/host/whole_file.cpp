@@ -1,5 +1,7 @@
 #include "host/whole_file.h"
 
+#include "host/error_message.h"
+
 #include <QFile>
 #include <QObject>
 
@@ -9,17 +11,16 @@ bool readWholeFile(const QString& path, const FileMessages& messages, QByteArray
                    QString* error)
 {
     QFile file(path);
-    const auto fail = [&](const char* message) {
-        if (error)
-            *error = QObject::tr(message).arg(file.fileName());
-        return false;
+    const auto failWith = [&](const char* message) {
+        return fail(error, QObject::tr(message).arg(file.fileName()));
     };
+    clearError(error);
     if (!file.exists())
-        return fail(messages.missing);
+        return failWith(messages.missing);
     if (!file.open(QIODevice::ReadOnly))
-        return fail(messages.closed);
+        return failWith(messages.closed);
     if (!file.isReadable())
-        return fail(messages.unreadable);
+        return failWith(messages.unreadable);
     *content = file.readAll();
     return true;
 }

@@ -14,7 +14,6 @@ struct FileMessages {
 
 /// Reads a file or a resource.
 ///
-/// @param error takes a message, may be null
 /// @return false if the file can't be read
 bool readWholeFile(const QString& path, const FileMessages& messages, QByteArray* content,
                    QString* error);

@@ -4,6 +4,7 @@
 #include "definition/compiled_in_schema.h"
 #include "definition/default_definition.h"
 #include "definition/report_definition.h"
+#include "host/error_message.h"
 #include "metrics/quantities/saturated_cast.h"
 #include "metrics/value_definitions.h"
 
@@ -18,13 +19,6 @@
 namespace vantrel {
 
 namespace {
-
-bool fail(QString* error, const QString& message)
-{
-    if (error)
-        *error = message;
-    return false;
-}
 
 QString textOrNull(const QJsonValue& value)
 {
@@ -172,6 +166,7 @@ bool declareDefaultMetrics(MetricStore* store, QString* error)
 
 bool MetricStore::readFile(QFile& file, QString* error)
 {
+    clearError(error);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return fail(error, QObject::tr("Unable to open file %1").arg(file.fileName()));
     QTextStream stream(&file);
@@ -183,8 +178,7 @@ bool MetricStore::readFile(QFile& file, QString* error)
 
 bool MetricStore::readJson(const QString& text, QString* error)
 {
-    if (error)
-        error->clear();
+    clearError(error);
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &parseError);
     if (parseError.error != QJsonParseError::NoError)
@@ -207,6 +201,7 @@ bool MetricStore::readJson(const QString& text, QString* error)
 
 bool MetricStore::readDefinitions(const QJsonObject& entries, QString* error)
 {
+    clearError(error);
     clearDefinitions();
     for (auto it = entries.begin(); it != entries.end(); ++it) {
         if (!it.value().isObject())

@@ -67,9 +67,9 @@ public:
     QList<MetricRecord> metricRecords(const QStringList& ids) const;
 
     /// @name Reading metric data
-    /// False if something can't be read; what was read before stays. @p error takes a message and
-    /// may be null. Some failures have none, such as a declaration with an empty id or path or an
-    /// unknown type, and a value of a metric without a type.
+    /// False if something can't be read; what was read before stays. Some failures have no message,
+    /// such as a declaration with an empty id or path or an unknown type, and a value of a metric
+    /// without a type.
     /// @{
     /// Opens, reads and closes a file in UTF-8, and reads its text.
     bool readFile(QFile& file, QString* error);
@@ -79,7 +79,7 @@ public:
     /// Replaces the declarations by what toMetricDataObject() has written.
     bool readDefinitions(const QJsonObject& entries, QString* error);
     /// Replaces the values by what toDataObject() has written. A metric that is newer than the data
-    /// gets its absent value. A text that @p error has already counts as a failure.
+    /// gets its absent value. @p error is not emptied: a text that it has counts as a failure.
     bool readValues(const QJsonObject& data, QString* error);
     /// @}
 

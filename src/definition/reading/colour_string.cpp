@@ -1,5 +1,7 @@
 #include "definition/reading/colour_string.h"
 
+#include "host/error_message.h"
+
 #include <QObject>
 
 namespace vantrel::report {
@@ -119,8 +121,9 @@ Colour makeColour(const ColourFunction& function, const QStringRef* texts, const
         numbers[i] = texts[i].toInt();
         // A negative number is beyond every bound when it is taken as unsigned.
         if (unsigned(numbers[i]) > function.components[i].max) {
-            *error =
-                QObject::tr(function.components[i].message).arg(QString::number(numbers[i]), text);
+            fail(
+                error,
+                QObject::tr(function.components[i].message).arg(QString::number(numbers[i]), text));
             return Colour();
         }
     }
@@ -131,12 +134,12 @@ Colour parseName(const QString& text, QString* error)
 {
     const Colour colour = Colour::fromName(text);
     if (!colour.isValid()) {
-        *error =
-            QObject::tr("Invalid colour string '%1'. Expected a hex code in the form #RGB, "
+        fail(error, QObject::tr(
+                        "Invalid colour string '%1'. Expected a hex code in the form #RGB, "
                         "#RRGGBB, #RRRGGGBBB, #RRRRGGGGBBBB, a SVG colour name, or a string of the "
                         "form hsv(H,S,V) or hsl(H,S,L) where H is in the range 0-359 and S, V and "
                         "L are in the range 0-100.")
-                .arg(text);
+                        .arg(text));
     }
     return colour;
 }
@@ -145,6 +148,7 @@ Colour parseName(const QString& text, QString* error)
 
 Colour parseColour(const QString& text, QString* error)
 {
+    clearError(error);
     FunctionText function;
     if (!readFunction(text, &function))
         return parseName(text, error);
@@ -152,9 +156,10 @@ Colour parseColour(const QString& text, QString* error)
         if (function.name == QLatin1String(known.name))
             return makeColour(known, function.numbers, text, error);
     }
-    *error = QObject::tr("Invalid format prefix '%1' in the colour string '%2'. Expected a prefix "
-                         "of 'rgb', 'hsv', or 'hsl'.")
-                 .arg(function.name, text);
+    fail(error,
+         QObject::tr("Invalid format prefix '%1' in the colour string '%2'. Expected a prefix "
+                     "of 'rgb', 'hsv', or 'hsl'.")
+             .arg(function.name, text));
     return Colour();
 }
 

@@ -8,7 +8,6 @@ namespace vantrel::report {
 
 /// Reads a colour: a hex code, an SVG colour name, or "rgb(R,G,B)", "hsv(H,S,V)", "hsl(H,S,L)".
 ///
-/// @param error takes the message if the text is refused
 /// @return an invalid colour if it is refused
 Colour parseColour(const QString& text, QString* error);
 

@@ -1,5 +1,7 @@
 #include "definition/reading/xml_source.h"
 
+#include "host/error_message.h"
+
 #include <QObject>
 #include <QXmlStreamWriter>
 
@@ -8,8 +10,7 @@ namespace vantrel::report {
 XmlSource::XmlSource(const QByteArray& xml, const QUrl& url, QString* messages)
     : reader(xml), location(url), error(messages)
 {
-    if (error)
-        error->clear();
+    clearError(error);
 }
 
 void XmlSource::report(const char* frame, const QString& text)

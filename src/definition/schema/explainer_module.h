@@ -29,7 +29,6 @@ struct SchemaQuestion {
     bool hasOwnValidator = false;
 };
 
-/// @param error may be null
 /// @return the validator's verdict
 using Explainer = bool(const SchemaQuestion& question, QString* error);
 

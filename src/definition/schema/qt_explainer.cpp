@@ -3,6 +3,7 @@
 #include "definition/schema/explainer_module.h"
 #include "definition/schema/quiet_network.h"
 #include "definition/schema/schema_messages.h"
+#include "host/error_message.h"
 
 #include <QObject>
 #include <QXmlSchema>
@@ -64,15 +65,9 @@ QtSchema* reusableSchema(const SchemaQuestion& question, QNetworkAccessManager* 
     return kept;
 }
 
-bool fail(QString* error, const QString& message)
-{
-    if (error)
-        *error = message;
-    return false;
-}
-
 bool explain(const SchemaQuestion& question, QString* error)
 {
+    clearError(error);
     // Qt's tables of names are shared, so one at a time.
     static std::mutex mutex;
     const std::lock_guard<std::mutex> lock(mutex);

@@ -4,6 +4,7 @@
 #include "definition/schema/explainer_module.h"
 #include "definition/schema/schema_acceptance.h"
 #include "definition/schema/text_limits.h"
+#include "host/error_message.h"
 #include "host/loaded_module.h"
 #include "host/process_end.h"
 
@@ -39,21 +40,19 @@ void collectNames(const QXmlStreamReader& reader, QSet<QString>* names)
 bool checkTokens(const QByteArray& xml, const QUrl& url, QSet<QString>* names, QString* error)
 {
     QXmlStreamReader reader(xml);
-    const auto fail = [&](const QString& message) {
-        if (error)
-            *error =
-                framedMessage(errorFrame, url, reader.lineNumber(), reader.columnNumber(), message);
-        return false;
+    const auto failHere = [&](const QString& message) {
+        return fail(error, framedMessage(errorFrame, url, reader.lineNumber(),
+                                         reader.columnNumber(), message));
     };
     for (int level = 0; !reader.atEnd();) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         level +=
             (token == QXmlStreamReader::StartElement) - (token == QXmlStreamReader::EndElement);
         if (level > maxNesting)
-            return fail(tooDeepMessage());
+            return failHere(tooDeepMessage());
         collectNames(reader, names);
         if (names->size() > maxNamesOfValidator)
-            return fail(
+            return failHere(
                 QObject::tr("There are more than %1 different names").arg(maxNamesOfValidator));
     }
     return true;
@@ -106,9 +105,7 @@ bool explainSchemaFaults(const QByteArray& xml, const QUrl& url, const SchemaFil
         static const bool noted = noteTablesOfQt();
         return isValid && noted;
     }
-    if (error)
-        *error = refusalWithoutModule(xml, question.url);
-    return false;
+    return fail(error, refusalWithoutModule(xml, question.url));
 }
 
 } // namespace vantrel::report

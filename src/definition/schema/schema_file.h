@@ -11,8 +11,6 @@ struct SchemaFile {
 };
 
 /// Reads a schema and takes its identity constraints out.
-///
-/// @return false, with a message in @p error, which may be null
 bool readSchemaFile(const QString& path, SchemaFile* schema, QString* error);
 
 } // namespace vantrel::report

@@ -5,6 +5,7 @@
 #include "definition/schema/schema_explanation.h"
 #include "definition/schema/schema_file.h"
 #include "definition/schema/text_limits.h"
+#include "host/error_message.h"
 
 #include <QObject>
 
@@ -19,14 +20,12 @@ bool checkNamespace(const QByteArray& xml, const QUrl& url, QString* error)
 {
     if (xml.indexOf("xmlns=\"" + definitionNamespace.toUtf8() + '"') >= 0)
         return true;
-    if (error) {
-        const QString location = url.isEmpty() ? QString() : u' ' + url.toString();
-        *error = QObject::tr("The report definition XML%1 does not have the attribute xmlns=\"")
-                     .arg(location) +
-                 definitionNamespace +
-                 QObject::tr("\" set in the <report> or <partialReport> element.");
-    }
-    return false;
+    const QString location = url.isEmpty() ? QString() : u' ' + url.toString();
+    return fail(error,
+                QObject::tr("The report definition XML%1 does not have the attribute xmlns=\"")
+                        .arg(location) +
+                    definitionNamespace +
+                    QObject::tr("\" set in the <report> or <partialReport> element."));
 }
 
 } // namespace

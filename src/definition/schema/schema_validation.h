@@ -13,7 +13,7 @@ namespace vantrel::report {
 ///
 /// @param schemaPath  a file or a resource. The compiled-in schema is parsed once in a process, any
 ///                    other at each call.
-/// @param error       may be null. Messages are added to it, with an empty line between them.
+/// @param error       all of the check's messages, with an empty line between them
 /// @param messageMode 1 to hand the messages to Qt's own handler as well, else 0
 /// @return false if the document is refused
 bool validateDefinition(const QByteArray& xml, const QUrl& url, const QString& schemaPath,

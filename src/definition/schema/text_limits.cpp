@@ -1,6 +1,7 @@
 #include "definition/schema/text_limits.h"
 
 #include "definition/framed_message.h"
+#include "host/error_message.h"
 
 #include <QObject>
 
@@ -100,17 +101,15 @@ template <typename Within>
 bool checkTags(const QByteArray& xml, const QUrl& url, QString* error, const QString& message,
                Within within)
 {
+    clearError(error);
     TagWalk walk(xml);
     while (walk.next()) {
         if (within(walk))
             continue;
-        if (error) {
-            const QByteArray before =
-                QByteArray::fromRawData(xml.constData(), int(walk.position() - xml.constData()));
-            *error = framedMessage(errorFrame, url, before.count('\n') + 1,
-                                   before.size() - (before.lastIndexOf('\n') + 1), message);
-        }
-        return false;
+        const QByteArray before =
+            QByteArray::fromRawData(xml.constData(), int(walk.position() - xml.constData()));
+        const int column = before.size() - (before.lastIndexOf('\n') + 1);
+        return fail(error, framedMessage(errorFrame, url, before.count('\n') + 1, column, message));
     }
     return true;
 }

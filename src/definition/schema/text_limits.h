@@ -15,8 +15,6 @@ constexpr int maxNesting = 200;
 
 /// Refuses a text that would keep an XML reader busy for ever. Looks at the bytes alone and takes
 /// time in proportion to them.
-///
-/// @return false, with a message in @p error, which may be null
 bool checkTextLimits(const QByteArray& xml, const QUrl& url, QString* error);
 
 /// Refuses a text whose elements are nested more than maxNesting deep, in the same way.
