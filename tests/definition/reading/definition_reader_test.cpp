@@ -61,7 +61,7 @@ const Row rows[] = {
      "Unexpected element 'sourceDetails'"},
     {document("\n<reportMetric id='a'/>@"), second.arg("a metric", "a", "metrics")},
     {document("<reportMetric id='corvane..x' displayName='B'/>@"), reserved.arg("corvane..x")},
-    {document(u8"<reportMetric id='a.\u00e9' displayName='\u00e9'></reportMetric>@"),
+    {document("<reportMetric id='a.\u00e9' displayName='\u00e9'></reportMetric>@"),
      collision.arg(u8"a.\u00e9", "a")},
     {metric("/><reportMetric id='c.d.e' displayName='C'/><reportMetric id='c.d' "
             "displayName='D'/>@"),
