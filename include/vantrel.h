@@ -41,9 +41,10 @@
 #ifndef VANTREL_H
 #define VANTREL_H
 
-#if defined(__GNUC__)
+/* Callers leave this alone. The static library of vantrel_late.h is built with an empty one. */
+#if !defined(VANTREL_EXPORT) && defined(__GNUC__)
 #define VANTREL_EXPORT __attribute__((visibility("default")))
-#else
+#elif !defined(VANTREL_EXPORT)
 #define VANTREL_EXPORT
 #endif
 
