@@ -1,12 +1,14 @@
-# The header, the library and its module, what others find it by (a CMake package and a pkg-config file), the
+# The headers, the libraries and the module, what others find them by (a CMake package and pkg-config files), the
 # default definition, the schema for editors, and the licences of what goes into pages.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
-install(TARGETS vantrel EXPORT vantrel-targets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS vantrel vantrel_late EXPORT vantrel-targets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS vantrel_explainer
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${VANTREL_MODULE_DIR})
-install(FILES include/vantrel.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES include/vantrel.h include/vantrel_late.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT vantrel-targets NAMESPACE vantrel:: DESTINATION ${package_dir})
 
 configure_package_config_file(cmake/vantrel-config.cmake.in generated/vantrel-config.cmake
@@ -18,7 +20,7 @@ install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel-config-version.cmake
     DESTINATION ${package_dir})
 
-# The pkg-config file finds the root from where it lies, so an installation can be moved. Folders
+# The pkg-config files find the root from where they lie, so an installation can be moved. Folders
 # that were given as whole paths don't move.
 if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
     set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
@@ -33,9 +35,12 @@ foreach(folder LIBDIR INCLUDEDIR)
         string(PREPEND pc_${folder} "\${prefix}/")
     endif()
 endforeach()
-configure_file(cmake/vantrel.pc.in generated/vantrel.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/generated/vantrel.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+list(TRANSFORM CMAKE_DL_LIBS PREPEND -l OUTPUT_VARIABLE pc_DL_LIBS)
+foreach(name vantrel vantrel-late)
+    configure_file(cmake/${name}.pc.in generated/${name}.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/generated/${name}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
 
 # The library looks for it at this place below the installation's root.
 install(FILES resources/report-default.xml DESTINATION vantrel/templates)
