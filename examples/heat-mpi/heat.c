@@ -200,6 +200,8 @@ static int run(struct options const* options, char** argv, int speak)
                     options->size);
         return WRONG_USAGE;
     }
+    if (speak)
+        report_check();
     measure_start(grid.comm);
     grid_solution(&grid, grid.now, 0);
     int code = advance(&grid, options, &result) == 0 ? DONE : WRONG_RESULT;

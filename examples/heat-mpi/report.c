@@ -11,7 +11,7 @@
 #include <stdlib.h>
 #include <string.h>
 #include <unistd.h>
-#include <vantrel.h>
+#include <vantrel_late.h>
 
 struct metric {
     char const* id;
@@ -244,6 +244,13 @@ static int save(char const* page, char const* path)
     if (!good)
         fprintf(stderr, "heat-mpi: cannot write the report %s: %s\n", path, strerror(errno));
     return good ? 0 : -1;
+}
+
+void report_check(void)
+{
+    char const* const reason = vantrel_late_open();
+    if (reason)
+        fprintf(stderr, "heat-mpi: this run will write no report. %s\n", reason);
 }
 
 int report_write(struct report_run const* run, char const* path)

@@ -15,6 +15,10 @@ struct report_run {
     struct measure_figures const* figures; /* one a process, by rank */
 };
 
+/* Warns on the standard error output if no report can be written, and why. For the process that
+   will write it, before the work is done. */
+void report_check(void);
+
 /* Gives 0, or -1 after telling on the standard error output what failed. */
 int report_write(struct report_run const* run, char const* path);
 
