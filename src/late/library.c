@@ -78,7 +78,6 @@ static int hasAllCalls(void* library, char* reason)
     for (int i = 0; i < late_count; ++i) {
         if (!dlvsym(library, names[i], SYMBOL_VERSION)) {
             struct link_map* map = NULL;
-            dlerror(); /* not for the host's next question */
             dlinfo(library, RTLD_DI_LINKMAP, &map);
             snprintf(reason, reasonSize, "%s has no %s of version " SYMBOL_VERSION,
                      map ? map->l_name : SONAME, names[i]);

@@ -46,6 +46,8 @@ static void check_refused(char const* library, char const* words)
         setenv("VANTREL_LIBRARY", library, 1);
         check_closed(words);
         CHECK(strlen(vantrel_late_open()) <= 4094);
+        setenv("VANTREL_LIBRARY", "/elsewhere", 1);
+        check_closed(words);
         _exit(failures != 0);
     }
     waitpid(child, &status, 0);
