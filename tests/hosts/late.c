@@ -6,12 +6,9 @@
 
 #include <dlfcn.h>
 #include <link.h>
-#include <pthread.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#define THREADS 8
 
 static void check_closed(char const* words)
 {
@@ -99,33 +96,6 @@ static void check_again(void)
           strcmp(vantrel_error_message(NULL), before) == 0);
 }
 
-static pthread_barrier_t barrier;
-
-static void* page_of_thread(void* unused)
-{
-    (void)unused;
-    pthread_barrier_wait(&barrier);
-    vantrel* const report = vantrel_create(definition);
-    char* const page = fill(report) == 0 ? page_of(report) : NULL;
-    vantrel_free(report);
-    return page;
-}
-
-static void check_threads(void)
-{
-    pthread_t threads[THREADS];
-    void* pages[THREADS] = {NULL};
-    pthread_barrier_init(&barrier, NULL, THREADS);
-    for (int i = 0; i < THREADS; ++i)
-        CHECK(pthread_create(&threads[i], NULL, page_of_thread, NULL) == 0);
-    for (int i = 0; i < THREADS; ++i) {
-        pthread_join(threads[i], &pages[i]);
-        CHECK(pages[i] && strcmp(pages[i], pages[0]) == 0);
-    }
-    for (int i = 0; i < THREADS; ++i)
-        free(pages[i]);
-}
-
 static int count_object(struct dl_phdr_info* object, size_t size, void* number)
 {
     (void)object, (void)size;
@@ -165,8 +135,6 @@ int main(int argc, char** argv)
         check_all_refused(argv[2], argv[3]);
     else if (strcmp(mode, "again") == 0)
         check_again();
-    else if (strcmp(mode, "threads") == 0)
-        check_threads();
     else if (strcmp(mode, "idle") == 0)
         check_idle();
     else if (strcmp(mode, "tool") == 0 && argc == 3)
