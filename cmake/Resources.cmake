@@ -9,7 +9,7 @@ file(WRITE ${generated}/d3-end.js "\n}\n")
 set(handlebars_script ${generated}/handlebars.min-v4.0.5.js)
 set(d3_script ${generated}/d3.v3.min.js)
 set(htmlparser_script ${generated}/htmlparser.js)
-set(adapter ${custom}/htmlparser-builder.js)
+set(adapter ${custom}/htmlparser.js/builder.js)
 set(from ${third_party_dir})
 add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
     COMMAND ${CMAKE_COMMAND} -E cat ${notices}/handlebars.js ${from}/handlebars.min.js
@@ -21,23 +21,20 @@ add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
     DEPENDS ${third_party_files} ${notice_files} ${adapter}
     VERBATIM)
 
-# Two of our own scripts and the style sheet are kept in several files.
-set(scripts ${CMAKE_CURRENT_SOURCE_DIR}/resources/scripts)
-set(engine_parts ${scripts}/report-text.js ${scripts}/report-templates.js
-    ${scripts}/report-helpers.js ${custom}/report-engine.js)
-set(vantrel_parts ${custom}/vantrel.js ${scripts}/vantrel-helpers.js)
-set(styles ${CMAKE_CURRENT_SOURCE_DIR}/resources/styles)
-set(style_parts ${custom}/vantrel.css ${styles}/subsections.css ${styles}/narrow-windows.css
-    ${styles}/print.css)
-set(style_sheet ${generated}/vantrel.css)
-set(engine_script ${generated}/report-engine.js)
-set(vantrel_script ${generated}/vantrel.js)
-add_custom_command(OUTPUT ${engine_script} ${vantrel_script} ${style_sheet}
-    COMMAND ${CMAKE_COMMAND} -E cat ${engine_parts} > ${engine_script}
-    COMMAND ${CMAKE_COMMAND} -E cat ${vantrel_parts} > ${vantrel_script}
-    COMMAND ${CMAKE_COMMAND} -E cat ${style_parts} > ${style_sheet}
-    DEPENDS ${engine_parts} ${vantrel_parts} ${style_parts}
-    VERBATIM)
+# Two of our own scripts and the style sheet are kept in fragments, in folders of their names, and
+# joined in this order.
+set(report-engine.js report-text.js report-templates.js report-helpers.js engine.js)
+set(vantrel.js values-and-colours.js vantrel-helpers.js page-behaviour.js page-start.js)
+set(vantrel.css page.css subsections.css narrow-windows.css print.css)
+set(joined)
+foreach(name report-engine.js vantrel.js vantrel.css)
+    list(TRANSFORM ${name} PREPEND ${custom}/${name}/ OUTPUT_VARIABLE fragments)
+    add_custom_command(OUTPUT ${generated}/${name}
+        COMMAND ${CMAKE_COMMAND} -E cat ${fragments} > ${generated}/${name}
+        DEPENDS ${fragments}
+        VERBATIM)
+    list(APPEND joined ${generated}/${name})
+endforeach()
 
 set(resource_files)
 set(qrc "<RCC>\n<qresource prefix=\"/vantrel/custom\">\n")
@@ -53,8 +50,7 @@ foreach(name
     list(APPEND resource_files ${custom}/${name})
     string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
 endforeach()
-foreach(made ${handlebars_script} ${d3_script} ${htmlparser_script} ${engine_script}
-    ${vantrel_script} ${style_sheet})
+foreach(made ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})
     list(APPEND resource_files ${made})
     get_filename_component(name ${made} NAME)
     string(APPEND qrc "<file alias=\"${name}\">${made}</file>\n")
