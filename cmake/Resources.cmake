@@ -37,8 +37,18 @@ foreach(name report-engine.js vantrel.js vantrel.css)
 endforeach()
 
 set(resource_files)
-set(qrc "<RCC>\n<qresource prefix=\"/vantrel/custom\">\n")
-foreach(name
+set(qrc "<RCC>\n")
+# A folder of the compiled-in resources with these files.
+macro(vantrel_resource_folder folder)
+    string(APPEND qrc "<qresource prefix=\"/vantrel/${folder}\">\n")
+    foreach(path ${ARGN})
+        get_filename_component(name ${path} NAME)
+        string(APPEND qrc "<file alias=\"${name}\">${path}</file>\n")
+        list(APPEND resource_files ${path})
+    endforeach()
+    string(APPEND qrc "</qresource>\n")
+endmacro()
+set(names
     html_template.html csv_template.txt applicationDetailsTemplate.html headerMemoryTemplate.html
     headerResourcesTemplate.html headerTasksTemplate.html headerTimeTemplate.html logoTemplate.html
     subsectionsTemplate.html summaryTemplate.html titleTemplate.html headerResourcesTemplate.txt
@@ -47,18 +57,15 @@ foreach(name
     corvane.js polyfill.js radar-chart.js
     logo.png powered-by-corvane-reports.png
     validation.xsd)
-    list(APPEND resource_files ${custom}/${name})
-    string(APPEND qrc "<file alias=\"${name}\">${custom}/${name}</file>\n")
-endforeach()
-foreach(made ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})
-    list(APPEND resource_files ${made})
-    get_filename_component(name ${made} NAME)
-    string(APPEND qrc "<file alias=\"${name}\">${made}</file>\n")
-endforeach()
-set(prelude ${CMAKE_CURRENT_SOURCE_DIR}/resources/interpreter/prelude.js)
-list(APPEND resource_files ${prelude})
-string(APPEND qrc "</qresource>\n<qresource prefix=\"/vantrel/interpreter\">\n"
-    "<file alias=\"prelude.js\">${prelude}</file>\n</qresource>\n</RCC>\n")
+list(TRANSFORM names PREPEND ${custom}/)
+vantrel_resource_folder(custom
+    ${names} ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})
+set(shell ${CMAKE_CURRENT_SOURCE_DIR}/resources/shell)
+vantrel_resource_folder(shell
+    ${shell}/page.html ${shell}/script.html ${shell}/script_file.html ${shell}/template.html)
+vantrel_resource_folder(interpreter
+    ${CMAKE_CURRENT_SOURCE_DIR}/resources/interpreter/prelude.js)
+string(APPEND qrc "</RCC>\n")
 file(CONFIGURE OUTPUT ${generated}/vantrel.qrc CONTENT "${qrc}")
 
 set(VANTREL_RESOURCE_SOURCE ${generated}/qrc_vantrel.cpp)

@@ -3,7 +3,6 @@
 
 #include "render/resources.h"
 
-#include <QFile>
 #include <QJSEngine>
 
 namespace corvane {
@@ -12,8 +11,7 @@ namespace {
 
 QString resourceText(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return QString::fromUtf8(vantrel::resourceBytes(path));
 }
 
 QString describe(const QJSValue& error)

@@ -1,5 +1,6 @@
 #include "render/report_engine.h"
 
+#include "render/page_shell.h"
 #include "render/resources.h"
 #include "render/script_interpreter.h"
 
@@ -11,14 +12,6 @@
 namespace corvane {
 
 namespace {
-
-constexpr char dataElementId[] = "reportData";
-constexpr char outputElementId[] = "report";
-
-QString scriptElement(const QString& attributes, const QString& text = QString())
-{
-    return QLatin1String("<script") + attributes + u'>' + text + QLatin1String("</script>\n");
-}
 
 /// A text as the inside of a script string in a page.
 QString scriptString(const QString& text)
@@ -123,39 +116,37 @@ bool ReportEngine::runSource(const Source& source, QString* error)
     return ok || fail(error, message);
 }
 
-DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
+QString ReportEngine::scriptElements() const
 {
-    DynamicPage page;
-    QString& head = page.beforeData;
-    head = QStringLiteral(
-        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n");
-    head += headContent.join(QString());
+    QString elements;
     for (const char* file : ScriptInterpreter::scriptFiles)
-        head += scriptElement(QStringLiteral(" src=\"%1\"").arg(QLatin1String(file)));
+        elements += pageShell().scriptFile.filled({{"file", QLatin1String(file)}});
     for (const Source& source : sources) {
         if (source.isScript())
-            head += scriptElement(QString(), source.text);
+            elements += pageShell().script.filled({{"text", source.text}});
     }
-    head += QStringLiteral("</head>\n<body>\n<div id=\"%1\" role=\"main\"></div>\n"
-                           "<script type=\"application/json\" id=\"%2\">")
-                .arg(QLatin1String(outputElementId), QLatin1String(dataElementId));
+    return elements;
+}
 
-    QString& tail = page.afterData;
-    tail = QStringLiteral("</script>\n");
+QString ReportEngine::templateElements() const
+{
+    QString elements;
     for (const Source& source : sources) {
         if (!source.isScript()) {
-            tail += scriptElement(QStringLiteral(" type=\"%1\" id=\"%2\"")
-                                      .arg(source.format.mimeType(), source.name.toHtmlEscaped()),
-                                  source.text);
+            elements += pageShell().templateElement.filled({{"type", source.format.mimeType()},
+                                                            {"name", source.name.toHtmlEscaped()},
+                                                            {"text", source.text}});
         }
     }
-    tail +=
-        scriptElement(QString(), QStringLiteral("ReportEngine.startPage(%1, \"%2\", \"%3\");")
-                                     .arg(scriptString(templateName), QLatin1String(dataElementId),
-                                          QLatin1String(outputElementId)));
-    tail += QLatin1String("</body>\n</html>");
-    return page;
+    return elements;
+}
+
+DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
+{
+    return {pageShell().beforeData.filled(
+                {{"headContent", headContent.join(QString())}, {"scripts", scriptElements()}}),
+            pageShell().afterData.filled(
+                {{"templates", templateElements()}, {"templateName", scriptString(templateName)}})};
 }
 
 QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& templateName,

@@ -73,6 +73,8 @@ private:
     bool addSource(const Source& source, bool isTrusted, QString* error);
     bool runPendingSources(QString* error);
     bool runSource(const Source& source, QString* error);
+    QString scriptElements() const;
+    QString templateElements() const;
 
     QVector<Source> sources; ///< in the order of loading
     int sourcesRun = 0;      ///< how many of them the interpreter has

@@ -43,16 +43,15 @@ constexpr PartialRow partials[] = {
     {"text_template.txt", ReportFormat::Text},
 };
 
-QByteArray resourceBytes(const char* name)
+QByteArray reportResource(const char* name)
 {
-    QFile file(resourcePath(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return resourceBytes(resourcePath(QLatin1String(name)));
 }
 
 const QJsonArray& headerRows()
 {
     static const auto& rows =
-        *new QJsonArray(QJsonDocument::fromJson(resourceBytes("header-data.json")).array());
+        *new QJsonArray(QJsonDocument::fromJson(reportResource("header-data.json")).array());
     return rows;
 }
 
@@ -73,7 +72,7 @@ void loadResources(ReportEngine& engine)
         qWarning("Error generating report, failed when processing javascript file '%s'\n:%s",
                  qPrintable(script.fileName()), qPrintable(error));
     }
-    engine.loadAdditionalHeadContent(QString::fromUtf8(resourceBytes("header.html")));
+    engine.loadAdditionalHeadContent(QString::fromUtf8(reportResource("header.html")));
 }
 
 /// The page around the data, with all resources inline. They are compiled in, so it is the same for

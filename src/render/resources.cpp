@@ -1,6 +1,6 @@
 #include "render/resources.h"
 
-#include <QtCore/qglobal.h>
+#include <QFile>
 
 static void registerResources()
 {
@@ -22,6 +22,12 @@ QString resourceRoot()
 QString resourcePath(const QString& name)
 {
     return resourceRoot() + u'/' + name;
+}
+
+QByteArray resourceBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 bool isResourcePath(const QString& path)

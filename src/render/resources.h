@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace vantrel {
@@ -9,6 +10,8 @@ QString resourceRoot();
 /// The path of one of them. Makes sure that they are registered, which an object library that is
 /// linked statically doesn't do by itself.
 QString resourcePath(const QString& name);
+/// The content of a compiled-in file, wherever it lies.
+QByteArray resourceBytes(const QString& path);
 /// Whether a path leads to a compiled-in resource.
 bool isResourcePath(const QString& path);
 
