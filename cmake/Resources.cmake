@@ -25,7 +25,8 @@ add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
 # joined in this order.
 set(report-engine.js report-text.js report-templates.js report-helpers.js engine.js)
 set(vantrel.js values-and-colours.js vantrel-helpers.js page-behaviour.js page-start.js)
-set(vantrel.css page.css subsections.css narrow-windows.css print.css)
+set(vantrel.css colours.css page.css header.css summary.css forced-colours.css subsections.css
+    narrow-windows.css print.css)
 set(joined)
 foreach(name report-engine.js vantrel.js vantrel.css)
     list(TRANSFORM ${name} PREPEND ${custom}/${name}/ OUTPUT_VARIABLE fragments)
