@@ -50,17 +50,16 @@ macro(vantrel_resource_folder folder)
     string(APPEND qrc "</qresource>\n")
 endmacro()
 set(names
-    html_template.html csv_template.txt applicationDetailsTemplate.html headerMemoryTemplate.html
-    headerResourcesTemplate.html headerTasksTemplate.html headerTimeTemplate.html logoTemplate.html
-    subsectionsTemplate.html summaryTemplate.html titleTemplate.html headerResourcesTemplate.txt
-    text_header.txt text_subsections.txt text_summary.txt text_template.txt
     header-data.json header.html
     corvane.js polyfill.js radar-chart.js
     logo.png powered-by-corvane-reports.png
     validation.xsd)
 list(TRANSFORM names PREPEND ${custom}/)
+# Which of them there must be is told in src/render/report_templates.h.
+set(VANTREL_TEMPLATES_DIR ${CMAKE_CURRENT_SOURCE_DIR}/resources/templates)
+file(GLOB templates CONFIGURE_DEPENDS ${VANTREL_TEMPLATES_DIR}/*)
 vantrel_resource_folder(custom
-    ${names} ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})
+    ${templates} ${names} ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})
 set(shell ${CMAKE_CURRENT_SOURCE_DIR}/resources/shell)
 vantrel_resource_folder(shell
     ${shell}/page.html ${shell}/script.html ${shell}/script_file.html ${shell}/template.html)

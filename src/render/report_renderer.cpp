@@ -3,6 +3,7 @@
 #include "render/branding.h"
 #include "render/html_inliner.h"
 #include "render/report_engine.h"
+#include "render/report_templates.h"
 #include "render/resources.h"
 
 #include <QFile>
@@ -16,32 +17,6 @@ using corvane::ReportEngine;
 using corvane::ReportFormat;
 
 namespace {
-
-struct PartialRow {
-    const char* file;
-    ReportFormat::value_type format;
-};
-
-/// In the order of loading: the text form of headerResourcesTemplate comes after the one that is
-/// derived from its html form, and replaces it.
-constexpr PartialRow partials[] = {
-    {"html_template.html", ReportFormat::Html},
-    {"csv_template.txt", ReportFormat::Text},
-    {"applicationDetailsTemplate.html", ReportFormat::Html},
-    {"headerMemoryTemplate.html", ReportFormat::Html},
-    {"headerResourcesTemplate.html", ReportFormat::Html},
-    {"headerTasksTemplate.html", ReportFormat::Html},
-    {"headerTimeTemplate.html", ReportFormat::Html},
-    {"logoTemplate.html", ReportFormat::Html},
-    {"subsectionsTemplate.html", ReportFormat::Html},
-    {"summaryTemplate.html", ReportFormat::Html},
-    {"titleTemplate.html", ReportFormat::Html},
-    {"headerResourcesTemplate.txt", ReportFormat::Text},
-    {"text_header.txt", ReportFormat::Text},
-    {"text_subsections.txt", ReportFormat::Text},
-    {"text_summary.txt", ReportFormat::Text},
-    {"text_template.txt", ReportFormat::Text},
-};
 
 QByteArray reportResource(const char* name)
 {
@@ -58,10 +33,10 @@ const QJsonArray& headerRows()
 void loadResources(ReportEngine& engine)
 {
     QString error;
-    for (const PartialRow& partial : partials) {
-        QFile file(resourcePath(QLatin1String(partial.file)));
+    for (const ReportTemplate& row : reportTemplates) {
+        QFile file(resourcePath(QLatin1String(row.file)));
         const QString name = QFileInfo(file).baseName();
-        if (!engine.loadPartialFromFile(name, file, partial.format, &error)) {
+        if (!engine.loadPartialFromFile(name, file, row.format, &error)) {
             qWarning("Error generating report, failed when processing template '%s':\n%s",
                      qPrintable(file.fileName()), qPrintable(error));
             error.clear();
