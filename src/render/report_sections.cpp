@@ -19,10 +19,15 @@ void insertVisibility(QJsonObject& row, const QString& requirement)
 {
     if (requirement.isEmpty())
         return;
-    if (requirement.startsWith(u'!'))
-        row.insert(QStringLiteral("hidden"), QLatin1String("data.") + requirement.midRef(1));
-    else
-        row.insert(QStringLiteral("visible"), QLatin1String("data.") + requirement);
+    const bool isNegated = requirement.startsWith(u'!');
+    row.insert(isNegated ? QStringLiteral("hidden") : QStringLiteral("visible"),
+               QLatin1String("data.") + requirement.midRef(isNegated ? 1 : 0));
+}
+
+void insertGiven(QJsonObject& row, const QString& key, const QString& text)
+{
+    if (!text.isEmpty())
+        row.insert(key, text);
 }
 
 QString rawTemplate(const QString& path)
@@ -30,17 +35,10 @@ QString rawTemplate(const QString& path)
     return QStringLiteral("{{{%1}}}").arg(path);
 }
 
-QString entryColorName(const QString& subsectionKey, int index, const QString& metricKey)
+/// What the name of an entry's own colour begins with; the key of its metric follows.
+QString entryColourPrefix(const QString& subsectionKey, int index)
 {
-    return QStringLiteral("%1-%2-%3").arg(subsectionKey, QString::number(index), metricKey);
-}
-
-QString entryColorName(const ReportDefinition& definition, const Subsection& subsection, int index)
-{
-    const ReportMetric metric =
-        findReportMetric(definition, subsection.entries.at(index).reportMetric);
-    return entryColorName(qualifiedSubsectionId(subsection.id, definition.idScheme()), index,
-                          qualifiedMetricId(metric, definition.idScheme()));
+    return subsectionKey + u'-' + QString::number(index) + u'-';
 }
 
 QJsonObject makeSummaryRow(const ReportDefinition& definition, const SummaryEntry& entry,
@@ -48,16 +46,16 @@ QJsonObject makeSummaryRow(const ReportDefinition& definition, const SummaryEntr
 {
     const ReportMetric metric = findReportMetric(definition, entry.reportMetric);
     const QString metricKey = qualifiedMetricId(metric, definition.idScheme());
-    QJsonObject row;
-    row.insert(QStringLiteral("descriptionHtmlTemplate"),
-               expandPlaceholders(definition, entry.description, error));
-    row.insert(QStringLiteral("heading"), metric.displayName);
-    row.insert(QStringLiteral("metricId"), metricKey);
-    row.insert(QStringLiteral("colorName"), metricKey);
-    row.insert(QStringLiteral("adviceHtmlTemplate"),
-               rawTemplate(summaryAdviceKey(entry.id, definition.idScheme())));
-    if (!entry.chartLabel.isEmpty())
-        row.insert(QStringLiteral("chartLabel"), entry.chartLabel);
+    QJsonObject row{
+        {QStringLiteral("descriptionHtmlTemplate"),
+         expandPlaceholders(definition, entry.description, error)},
+        {QStringLiteral("heading"), metric.displayName},
+        {QStringLiteral("metricId"), metricKey},
+        {QStringLiteral("colorName"), metricKey},
+        {QStringLiteral("adviceHtmlTemplate"),
+         rawTemplate(summaryAdviceKey(entry.id, definition.idScheme()))},
+    };
+    insertGiven(row, QStringLiteral("chartLabel"), entry.chartLabel);
     insertVisibility(row, entry.requirement);
     return row;
 }
@@ -73,24 +71,24 @@ QJsonArray makeBounds(const ReportDefinition& definition)
     return bounds;
 }
 
-QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& subsection,
-                          int index, QString* error)
+QJsonObject makeMetricRow(const ReportDefinition& definition, const SubsectionEntry& entry,
+                          const QString& colourPrefix, QString* error)
 {
-    const SubsectionEntry& entry = subsection.entries.at(index);
     const ReportMetric metric = findReportMetric(definition, entry.reportMetric);
     const QString metricKey = qualifiedMetricId(metric, definition.idScheme());
-    QJsonObject row;
+    QJsonObject row{
+        {QStringLiteral("metricId"), metricKey},
+        {QStringLiteral("colorName"),
+         entry.colour.isValid() ? colourPrefix + metricKey : metricKey},
+    };
     insertVisibility(row, entry.requirement);
-    row.insert(QStringLiteral("metricId"), metricKey);
+    insertGiven(row, QStringLiteral("displayName"), entry.displayName);
+    insertGiven(row, QStringLiteral("group"), entry.group);
     if (!entry.machineReadableOnly) {
         row.insert(QStringLiteral("template"), metric.units == QLatin1String("%")
                                                    ? QStringLiteral("percentageTemplate")
                                                    : QStringLiteral("numberTemplate"));
     }
-    row.insert(QStringLiteral("colorName"),
-               entry.colour.isValid() ? entryColorName(definition, subsection, index) : metricKey);
-    if (!entry.displayName.isEmpty())
-        row.insert(QStringLiteral("displayName"), entry.displayName);
     if (entry.unitPrefix == UnitPrefixChoice::Iec)
         row.insert(QStringLiteral("useIEC"), true);
     if (!entry.description.isEmpty()) {
@@ -99,16 +97,13 @@ QJsonObject makeMetricRow(const ReportDefinition& definition, const Subsection& 
     }
     if (hasMaxBarValue(entry))
         row.insert(QStringLiteral("maxBarValue"), entry.maxBarValue);
-    if (!entry.group.isEmpty())
-        row.insert(QStringLiteral("group"), entry.group);
     return row;
 }
 
 QJsonObject makeSpacerRow(const SubsectionEntry& entry)
 {
-    QJsonObject row;
+    QJsonObject row{{QStringLiteral("template"), QStringLiteral("spacerTemplate")}};
     insertVisibility(row, entry.requirement);
-    row.insert(QStringLiteral("template"), QStringLiteral("spacerTemplate"));
     return row;
 }
 
@@ -117,64 +112,73 @@ QJsonObject makeSpacerRow(const SubsectionEntry& entry)
 QJsonArray makeRows(const ReportDefinition& definition, const Subsection& subsection,
                     QString* error)
 {
+    const QString key = qualifiedSubsectionId(subsection.id, definition.idScheme());
     QJsonArray rows;
     for (int i = 0; i < subsection.entries.size(); ++i) {
         const SubsectionEntry& entry = subsection.entries.at(i);
-        rows.append(entry.isSpacer ? makeSpacerRow(entry)
-                                   : makeMetricRow(definition, subsection, i, error));
+        rows.append(entry.isSpacer
+                        ? makeSpacerRow(entry)
+                        : makeMetricRow(definition, entry, entryColourPrefix(key, i), error));
     }
     return rows;
+}
+
+QJsonArray makeAdvice(const Subsection& subsection, const ReportIdScheme& scheme)
+{
+    QJsonArray advice;
+    for (int n = 1; n <= subsection.maxAdviceStrings; ++n)
+        advice.append(rawTemplate(subsectionAdviceKey(subsection.id, scheme, n)));
+    return advice;
 }
 
 QJsonObject makeSubsection(const ReportDefinition& definition, const Subsection& subsection,
                            QString* error)
 {
     const ReportIdScheme& scheme = definition.idScheme();
-    QJsonObject section;
-    section.insert(QStringLiteral("descriptionHtmlTemplate"),
-                   expandPlaceholders(definition, subsection.text, error));
+    const QString description = expandPlaceholders(definition, subsection.text, error);
     if (!error->isEmpty()) {
         *error += QObject::tr(" (in description of subsection %1)").arg(subsection.id);
-        return section;
+        return QJsonObject();
     }
-    section.insert(QStringLiteral("heading"), subsection.heading);
-    section.insert(QStringLiteral("colorName"), qualifiedSubsectionId(subsection.id, scheme));
-    QJsonArray advice;
-    for (int n = 1; n <= subsection.maxAdviceStrings; ++n)
-        advice.append(rawTemplate(subsectionAdviceKey(subsection.id, scheme, n)));
-    section.insert(QStringLiteral("adviceHtmlTemplate"), advice);
+    QJsonObject section{
+        {QStringLiteral("descriptionHtmlTemplate"), description},
+        {QStringLiteral("heading"), subsection.heading},
+        {QStringLiteral("colorName"), qualifiedSubsectionId(subsection.id, scheme)},
+        {QStringLiteral("adviceHtmlTemplate"), makeAdvice(subsection, scheme)},
+        {QStringLiteral("metrics"), makeRows(definition, subsection, error)},
+    };
     if (!subsection.errorMetric.isEmpty()) {
         section.insert(QStringLiteral("errorHtmlTemplate"),
                        QStringLiteral("{{%1}}").arg(subsection.errorMetric));
     }
     insertVisibility(section, subsection.requirement);
-    section.insert(QStringLiteral("metrics"), makeRows(definition, subsection, error));
     return section;
 }
 
-QJsonArray colorToHsl(const Colour& color, QString* error)
-{
-    if (!color.isValid()) {
-        *error += QObject::tr(" (Unknown colour %1)").arg(color.name());
-        return QJsonArray();
-    }
-    return {color.hslHue() % 360, color.hslSaturation() * 100 / 255, color.lightness() * 100 / 255};
-}
-
 /// Colours by name, sorted: adding to the middle of a large QJsonObject moves what is behind.
-using ColorMap = QMap<QString, QJsonArray>;
+using ColourMap = QMap<QString, QJsonArray>;
 
-void insertColor(ColorMap& colors, const QString& name, const Colour& color, QString* error)
+/// A missing colour is black.
+QJsonArray colourToHsl(const Colour& given)
 {
-    colors.insert(name, colorToHsl(color.isValid() ? color : Colour::fromRgb(0, 0, 0), error));
+    const Colour colour = given.isValid() ? given : Colour::fromRgb(0, 0, 0);
+    return {colour.hslHue() % 360, colour.hslSaturation() * 100 / 255,
+            colour.lightness() * 100 / 255};
 }
 
-QJsonObject toJson(const ColorMap& colors)
+void insertColours(ColourMap& colours, const ReportDefinition& definition,
+                   const Subsection& subsection)
 {
-    QJsonObject object;
-    for (auto it = colors.begin(); it != colors.end(); ++it)
-        object.insert(it.key(), it.value());
-    return object;
+    const QString key = qualifiedSubsectionId(subsection.id, definition.idScheme());
+    colours.insert(key, colourToHsl(subsection.colour));
+    for (int i = 0; i < subsection.entries.size(); ++i) {
+        const SubsectionEntry& entry = subsection.entries.at(i);
+        if (!entry.colour.isValid())
+            continue;
+        const ReportMetric metric = findReportMetric(definition, entry.reportMetric);
+        colours.insert(entryColourPrefix(key, i) + qualifiedMetricId(metric, definition.idScheme()),
+                       colourToHsl(entry.colour));
+    }
 }
 
 } // namespace
@@ -193,9 +197,6 @@ ReportMetric findReportMetric(const ReportDefinition& definition, const QString&
 
 QJsonObject makeSummaryData(const ReportDefinition& definition, QString* error)
 {
-    QString ownError;
-    if (!error)
-        error = &ownError;
     error->clear();
     const Summary summary = definition.summary();
     QJsonObject data;
@@ -226,9 +227,6 @@ QJsonObject makeSummaryData(const ReportDefinition& definition, QString* error)
 
 QJsonArray makeSubsectionsData(const ReportDefinition& definition, QString* error)
 {
-    QString ownError;
-    if (!error)
-        error = &ownError;
     error->clear();
     QJsonArray sections;
     for (const Subsection& subsection : definition.subsections()) {
@@ -241,33 +239,23 @@ QJsonArray makeSubsectionsData(const ReportDefinition& definition, QString* erro
     return sections;
 }
 
-QJsonObject makeColorData(const ReportDefinition& definition, QString* error)
+QJsonObject makeColourData(const ReportDefinition& definition)
 {
-    QString ownError;
-    if (!error)
-        error = &ownError;
-    error->clear();
-    const ReportIdScheme& scheme = definition.idScheme();
-    ColorMap colors;
+    ColourMap colours;
     for (const ReportMetric& metric : definition.metrics())
-        insertColor(colors, qualifiedMetricId(metric, scheme), metric.colour, error);
-    for (const Subsection& subsection : definition.subsections()) {
-        insertColor(colors, qualifiedSubsectionId(subsection.id, scheme), subsection.colour, error);
-        for (int i = 0; i < subsection.entries.size(); ++i) {
-            const Colour& color = subsection.entries.at(i).colour;
-            if (color.isValid())
-                insertColor(colors, entryColorName(definition, subsection, i), color, error);
-        }
-    }
-    return error->isEmpty() ? toJson(colors) : QJsonObject();
+        colours.insert(qualifiedMetricId(metric, definition.idScheme()),
+                       colourToHsl(metric.colour));
+    for (const Subsection& subsection : definition.subsections())
+        insertColours(colours, definition, subsection);
+    QJsonObject object;
+    for (auto it = colours.begin(); it != colours.end(); ++it)
+        object.insert(it.key(), it.value());
+    return object;
 }
 
 bool makeReportSections(const ReportDefinition& definition, ReportSections* sections,
                         QString* error)
 {
-    QString ownError;
-    if (!error)
-        error = &ownError;
     sections->branding = makeBrandingData(definition);
     sections->summary = makeSummaryData(definition, error);
     if (!error->isEmpty())
@@ -275,8 +263,8 @@ bool makeReportSections(const ReportDefinition& definition, ReportSections* sect
     sections->subsections = makeSubsectionsData(definition, error);
     if (!error->isEmpty())
         return false;
-    sections->colors = makeColorData(definition, error);
-    return error->isEmpty();
+    sections->colours = makeColourData(definition);
+    return true;
 }
 
 } // namespace vantrel

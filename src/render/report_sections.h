@@ -13,19 +13,21 @@ struct ReportSections {
     QJsonObject branding;
     QJsonObject summary;
     QJsonArray subsections;
-    QJsonObject colors;
+    QJsonObject colours;
 };
 
-/// @name Each empties @p error, which may be null, and gives an empty result after setting it.
+/// @name Each empties @p error, which is not null, and gives an empty result after setting it.
 /// @{
 QJsonObject makeSummaryData(const report::ReportDefinition& definition, QString* error);
 QJsonArray makeSubsectionsData(const report::ReportDefinition& definition, QString* error);
-QJsonObject makeColorData(const report::ReportDefinition& definition, QString* error);
 /// @}
+
+/// Hue, saturation and lightness by the names that the other parts give their colours.
+QJsonObject makeColourData(const report::ReportDefinition& definition);
 
 /// All parts of a definition, with its branding.
 ///
-/// @return false, with the first message in @p error, which may be null, if a part can't be made
+/// @return false, with the first message in @p error, which is not null, if a part can't be made
 bool makeReportSections(const report::ReportDefinition& definition, ReportSections* sections,
                         QString* error);
 

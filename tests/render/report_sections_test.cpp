@@ -64,9 +64,9 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
     EXPECT_EQ(rows.at(0).toObject().keys(), QStringList({"colorName", "metricId", "template"}));
     const QString name = "custom.report.subsection.s-2-custom.report.metric.a";
     EXPECT_EQ(rows.at(2).toObject().value("colorName").toString(), name);
-    const QJsonObject colors = makeColorData(definition, &error);
-    EXPECT_EQ(colors.value(name), QJsonArray({240, 100, 50}));
-    EXPECT_EQ(colors.value("custom.report.metric.a"), QJsonArray({-1, 0, 100}));
+    const QJsonObject colours = makeColourData(definition);
+    EXPECT_EQ(colours.value(name), QJsonArray({240, 100, 50}));
+    EXPECT_EQ(colours.value("custom.report.metric.a"), QJsonArray({-1, 0, 100}));
 }
 
 TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
