@@ -40,7 +40,6 @@ QStringList tryAll(corvane::ScriptInterpreter& interpreter)
     for (const vantrel::ReportTemplate& row : vantrel::reportTemplates) {
         const QString name = QLatin1String(row.file);
         const QString format = corvane::ReportFormat(row.format).scriptName();
-        message = QString();
         if (!interpreter.registerPartial(QFileInfo(name).baseName(), format, compiledIn(name),
                                          &message))
             messages += name + QLatin1String(": ") + message;

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QTextCodec>
 
+#include <optional>
+
 namespace vantrel {
 
 namespace {
@@ -20,14 +22,20 @@ QString filePath(const QString& html, const TagAttribute& attribute, const QStri
     return base + u'/' + cut(html, attribute.value.begin + 1, attribute.value.end - 1);
 }
 
-bool readText(const QString& path, QString* text)
+std::optional<QByteArray> readFile(const QString& path)
 {
     QFile file(path);
     if (!file.exists() || !file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray bytes = file.readAll();
-    *text = QTextCodec::codecForUtfText(bytes, QTextCodec::codecForLocale())->toUnicode(bytes);
-    return true;
+        return std::nullopt;
+    return file.readAll();
+}
+
+std::optional<QString> readText(const QString& path)
+{
+    const std::optional<QByteArray> bytes = readFile(path);
+    if (!bytes)
+        return std::nullopt;
+    return QTextCodec::codecForUtfText(*bytes, QTextCodec::codecForLocale())->toUnicode(*bytes);
 }
 
 /// Of several attributes of one name the last counts.
@@ -40,42 +48,44 @@ const TagAttribute* lastAttribute(const QString& html, const StartTag& tag, cons
     return nullptr;
 }
 
-/// What takes the place of an element. A null text leaves the element as it stands.
-struct Replacement {
-    bool isElement = false; ///< whether the tag belongs to an element of the kind sought at all
-    int end = 0;            ///< behind the element
-    QString text;
+/// An element of the kind sought.
+struct Element {
+    int end;                     ///< behind it
+    std::optional<QString> text; ///< takes its place, if there is one
 };
 
-template <typename MakeReplacement>
-QString replaceElements(const QString& html, const char* name, MakeReplacement makeReplacement)
+/// @p readElement gives the element of a start tag, or nothing if the tag is of no use.
+template <typename ReadElement>
+QString replaceElements(const QString& html, const char* name, ReadElement readElement)
 {
     QString result;
     int copied = 0;
     TagScanner scanner(html, name);
     for (StartTag tag; scanner.next(&tag);) {
-        const Replacement replacement = makeReplacement(tag);
-        if (!replacement.isElement) {
+        const std::optional<Element> element = readElement(tag);
+        if (!element) {
             scanner.reject(tag);
             continue;
         }
-        scanner.accept(replacement.end);
-        if (replacement.text.isNull())
+        scanner.accept(element->end);
+        if (!element->text)
             continue;
         result += html.midRef(copied, tag.begin - copied);
-        result += replacement.text;
-        copied = replacement.end;
+        result += *element->text;
+        copied = element->end;
     }
     return copied == 0 ? html : result += html.midRef(copied);
 }
 
-/// Behind the end tag that follows with nothing but white space before it, or -1.
-int emptyScriptEnd(const QString& html, int at)
+/// Behind the end tag, if it follows with nothing but white space before it.
+std::optional<int> emptyScriptEnd(const QString& html, int at)
 {
     while (at < html.size() && html.at(at).isSpace())
         ++at;
     const TextRange endTag{at, at + 9};
-    return endTag.end <= html.size() && isWord(html, endTag, "</script>") ? endTag.end : -1;
+    if (endTag.end > html.size() || !isWord(html, endTag, "</script>"))
+        return std::nullopt;
+    return endTag.end;
 }
 
 bool isStylesheetRelation(const QString& html, const TagAttribute& attribute)
@@ -89,10 +99,14 @@ bool isReference(const QString& html, const TagAttribute& attribute)
     return isWord(html, attribute.name, "href");
 }
 
+struct StylesheetPair {
+    const TagAttribute* first;
+    const TagAttribute* second;
+};
+
 /// The two attributes that make a link to a style sheet, in the order in which they stand. Of
 /// several pairs the last first one counts, and then the last second one.
-bool findStylesheetPair(const QString& html, const StartTag& tag, const TagAttribute** first,
-                        const TagAttribute** second)
+std::optional<StylesheetPair> findStylesheetPair(const QString& html, const StartTag& tag)
 {
     const TagAttribute* relation = nullptr;
     const TagAttribute* reference = nullptr;
@@ -100,16 +114,13 @@ bool findStylesheetPair(const QString& html, const StartTag& tag, const TagAttri
         const bool isRelation = isStylesheetRelation(html, *it);
         if (!isRelation && !isReference(html, *it))
             continue;
-        *second = isRelation ? reference : relation;
-        if (*second) {
-            *first = &*it;
-            return true;
-        }
+        if (const TagAttribute* second = isRelation ? reference : relation)
+            return StylesheetPair{&*it, second};
         const TagAttribute*& known = isRelation ? relation : reference;
         if (!known)
             known = &*it;
     }
-    return false;
+    return std::nullopt;
 }
 
 QString withoutTrailingSlash(QString attributes)
@@ -119,7 +130,7 @@ QString withoutTrailingSlash(QString attributes)
     return attributes;
 }
 
-QString imageMimeType(const QString& path)
+std::optional<QString> imageMimeType(const QString& path)
 {
     static constexpr const char* types[][2] = {
         {"png", "image/png"}, {"jpg", "image/jpeg"}, {"gif", "image/gif"}};
@@ -128,72 +139,71 @@ QString imageMimeType(const QString& path)
         if (suffix == QLatin1String(known))
             return QString::fromLatin1(type);
     }
-    return QString();
+    return std::nullopt;
+}
+
+/// The image in the place of a path.
+std::optional<QString> imageDataUri(const QString& path)
+{
+    const std::optional<QString> type = imageMimeType(path);
+    const std::optional<QByteArray> bytes = type ? readFile(path) : std::nullopt;
+    if (!bytes)
+        return std::nullopt;
+    return QLatin1String("data:") + *type + QLatin1String(";base64,") +
+           QString::fromLatin1(bytes->toBase64());
 }
 
 } // namespace
 
 QString inlineScripts(const QString& html, const QString& base)
 {
-    return replaceElements(html, "script", [&](const StartTag& tag) {
-        Replacement replacement;
+    return replaceElements(html, "script", [&](const StartTag& tag) -> std::optional<Element> {
         const TagAttribute* source = lastAttribute(html, tag, "src");
-        replacement.end = emptyScriptEnd(html, tag.end());
-        replacement.isElement = source && replacement.end >= 0;
-        QString script;
-        if (replacement.isElement && readText(filePath(html, *source, base), &script)) {
-            replacement.text = QLatin1String("<script") +
-                               cut(html, tag.attributeText.begin, source->begin()) +
-                               cut(html, source->end(), tag.attributeText.end) + u'>' + script +
-                               QLatin1String("</script>");
-        }
-        return replacement;
+        const std::optional<int> end = emptyScriptEnd(html, tag.end());
+        if (!source || !end)
+            return std::nullopt;
+        const std::optional<QString> script = readText(filePath(html, *source, base));
+        if (!script)
+            return Element{*end, std::nullopt};
+        return Element{*end, QLatin1String("<script") +
+                                 cut(html, tag.attributeText.begin, source->begin()) +
+                                 cut(html, source->end(), tag.attributeText.end) + u'>' + *script +
+                                 QLatin1String("</script>")};
     });
 }
 
 QString inlineStylesheets(const QString& html, const QString& base)
 {
-    return replaceElements(html, "link", [&](const StartTag& tag) {
-        Replacement replacement;
-        const TagAttribute* first = nullptr;
-        const TagAttribute* second = nullptr;
-        replacement.end = tag.end();
-        replacement.isElement = findStylesheetPair(html, tag, &first, &second);
-        if (!replacement.isElement)
-            return replacement;
+    return replaceElements(html, "link", [&](const StartTag& tag) -> std::optional<Element> {
+        const std::optional<StylesheetPair> pair = findStylesheetPair(html, tag);
+        if (!pair)
+            return std::nullopt;
+        const auto [first, second] = *pair;
         const TagAttribute& reference = isReference(html, *first) ? *first : *second;
-        QString style;
-        if (readText(filePath(html, reference, base), &style)) {
-            const QString attributes = cut(html, tag.attributeText.begin, first->begin()) +
-                                       cut(html, first->end(), second->begin()) +
-                                       cut(html, second->end(), tag.attributeText.end);
-            replacement.text = QLatin1String("<style") + withoutTrailingSlash(attributes) + u'>' +
-                               style + QLatin1String("</style>");
-        }
-        return replacement;
+        const std::optional<QString> style = readText(filePath(html, reference, base));
+        if (!style)
+            return Element{tag.end(), std::nullopt};
+        const QString attributes = cut(html, tag.attributeText.begin, first->begin()) +
+                                   cut(html, first->end(), second->begin()) +
+                                   cut(html, second->end(), tag.attributeText.end);
+        return Element{tag.end(), QLatin1String("<style") + withoutTrailingSlash(attributes) +
+                                      u'>' + *style + QLatin1String("</style>")};
     });
 }
 
 QString inlineImages(const QString& html, const QString& base)
 {
-    return replaceElements(html, "img", [&](const StartTag& tag) {
-        Replacement replacement;
+    return replaceElements(html, "img", [&](const StartTag& tag) -> std::optional<Element> {
         const TagAttribute* source = lastAttribute(html, tag, "src");
-        replacement.end = tag.end();
-        replacement.isElement = source != nullptr;
         if (!source)
-            return replacement;
-        const QString path = filePath(html, *source, base);
-        const QString type = imageMimeType(path);
-        QFile file(path);
-        if (!type.isEmpty() && file.exists() && file.open(QIODevice::ReadOnly)) {
-            replacement.text = QLatin1String("<img") +
-                               cut(html, tag.attributeText.begin, source->begin()) +
-                               QLatin1String(" src=\"data:") + type + QLatin1String(";base64,") +
-                               QString::fromLatin1(file.readAll().toBase64()) + u'"' +
-                               cut(html, source->end(), tag.attributeText.end) + u'>';
-        }
-        return replacement;
+            return std::nullopt;
+        const std::optional<QString> image = imageDataUri(filePath(html, *source, base));
+        if (!image)
+            return Element{tag.end(), std::nullopt};
+        return Element{tag.end(), QLatin1String("<img") +
+                                      cut(html, tag.attributeText.begin, source->begin()) +
+                                      QLatin1String(" src=\"") + *image + u'"' +
+                                      cut(html, source->end(), tag.attributeText.end) + u'>'};
     });
 }
 

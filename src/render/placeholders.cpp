@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace vantrel {
 
 using namespace report;
@@ -51,8 +53,8 @@ QString invalidPlaceholderMessage(const ReportDefinition& definition, const QStr
         .arg(key, definition.describeSources(8), builtins);
 }
 
-/// The template text for one placeholder; null if it means nothing.
-QString replacementFor(const ReportDefinition& definition, const QString& key)
+/// The template text for one placeholder, if it means anything.
+std::optional<QString> replacementFor(const ReportDefinition& definition, const QString& key)
 {
     const auto builtin = builtinPlaceholders().constFind(key);
     if (builtin != builtinPlaceholders().constEnd())
@@ -60,7 +62,7 @@ QString replacementFor(const ReportDefinition& definition, const QString& key)
     const bool withUnits = key.size() > 1 && key.startsWith(u'*');
     const QString id = withUnits ? key.mid(1) : key;
     if (!definition.hasMetric(id))
-        return QString();
+        return std::nullopt;
     const QString full = qualifiedMetricId(definition.metric(id), definition.idScheme());
     if (!withUnits)
         return QStringLiteral("<span class=\"%1\">{{%2}}</span>").arg(full, full);
@@ -70,17 +72,17 @@ QString replacementFor(const ReportDefinition& definition, const QString& key)
         .arg(full, QStringLiteral("si"), full, QStringLiteral("3"));
 }
 
-/// Position of the "}" that ends the placeholder whose "${" ends before @p start, or -1: a
-/// placeholder holds no "$", "{" or "}".
-int placeholderEnd(const QString& text, int start)
+/// Position of the "}" that ends the placeholder whose "${" ends before @p start, if it is one: it
+/// holds no "$", "{" or "}".
+std::optional<int> placeholderEnd(const QString& text, int start)
 {
     for (int i = start; i < text.size(); ++i) {
         if (text.at(i) == u'}')
             return i;
         if (text.at(i) == u'$' || text.at(i) == u'{')
-            return -1;
+            return std::nullopt;
     }
-    return -1;
+    return std::nullopt;
 }
 
 } // namespace
@@ -97,19 +99,19 @@ QString expandPlaceholders(const ReportDefinition& definition, const QString& te
     int copied = 0;
     for (int at = text.indexOf(QLatin1String("${")); at >= 0;
          at = text.indexOf(QLatin1String("${"), at + 2)) {
-        const int end = placeholderEnd(text, at + 2);
-        if (end < 0)
+        const std::optional<int> end = placeholderEnd(text, at + 2);
+        if (!end)
             continue;
         result += text.midRef(copied, at - copied);
-        copied = end + 1;
-        const QString key = text.mid(at + 2, end - at - 2).trimmed();
+        copied = *end + 1;
+        const QString key = text.mid(at + 2, *end - at - 2).trimmed();
         error->clear();
-        const QString replacement = replacementFor(definition, key);
-        if (replacement.isNull()) {
+        const std::optional<QString> replacement = replacementFor(definition, key);
+        if (!replacement) {
             *error = invalidPlaceholderMessage(definition, key);
             return QString();
         }
-        result += replacement;
+        result += *replacement;
     }
     return result += text.midRef(copied);
 }

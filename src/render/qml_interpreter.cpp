@@ -26,11 +26,13 @@ public:
     bool run(const QString& script, QString* message) override;
     bool registerPartial(const QString& name, const QString& format, const QString& text,
                          QString* message) override;
-    QString render(const QString& templateName, const QString& format, const QString& json,
-                   QString* message) override;
+    std::optional<QString> render(const QString& templateName, const QString& format,
+                                  const QString& json, QString* message) override;
 
 private:
-    QString call(const char* function, const QJSValueList& arguments, QString* message);
+    /// The text that a function gives, or none if it fails.
+    std::optional<QString> call(const char* function, const QJSValueList& arguments,
+                                QString* message);
 
     QJSEngine engine;
     QJSValue host; ///< the functions of the prelude
@@ -39,7 +41,6 @@ private:
 bool QmlInterpreter::load(QString* error)
 {
     engine.installExtensions(QJSEngine::ConsoleExtension);
-    vantrel::resourceRoot();
     host = engine.evaluate(resourceText(QStringLiteral(":/vantrel/interpreter/prelude.js")),
                            QStringLiteral("prelude.js"));
     if (host.isError()) {
@@ -68,26 +69,28 @@ bool QmlInterpreter::run(const QString& script, QString* message)
 bool QmlInterpreter::registerPartial(const QString& name, const QString& format,
                                      const QString& text, QString* message)
 {
-    call("registerPartial", {name, format, text}, message);
-    return message->isNull();
+    return call("registerPartial", {name, format, text}, message).has_value();
 }
 
-QString QmlInterpreter::render(const QString& templateName, const QString& format,
-                               const QString& json, QString* message)
+std::optional<QString> QmlInterpreter::render(const QString& templateName, const QString& format,
+                                              const QString& json, QString* message)
 {
     return call("render", {templateName, format, json}, message);
 }
 
-QString QmlInterpreter::call(const char* function, const QJSValueList& arguments, QString* message)
+std::optional<QString> QmlInterpreter::call(const char* function, const QJSValueList& arguments,
+                                            QString* message)
 {
     const QJSValue result = host.property(QLatin1String(function)).call(arguments);
     if (result.isError()) {
         *message = describe(result);
-        return QString();
+        return std::nullopt;
     }
     const QJSValue failure = result.property(QStringLiteral("failure"));
-    if (!failure.isUndefined())
-        *message = failure.toString() + QLatin1String("");
+    if (!failure.isUndefined()) {
+        *message = failure.toString();
+        return std::nullopt;
+    }
     return result.property(QStringLiteral("text")).toString();
 }
 

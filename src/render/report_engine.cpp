@@ -13,12 +13,39 @@ namespace corvane {
 
 namespace {
 
-/// A text as the inside of a script string in a page.
+QString unicodeEscape(QChar c)
+{
+    return QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+}
+
+/// How a character that is no surrogate stands in a string of a script in a page.
+QString inScriptString(QChar c)
+{
+    static constexpr char escaped[] = "\"\\\b\f\n\r\t";
+    static constexpr char letters[] = "\"\\bfnrt";
+    for (int i = 0; escaped[i]; ++i) {
+        if (c == QLatin1Char(escaped[i]))
+            return QString(u'\\') + QLatin1Char(letters[i]);
+    }
+    for (const char16_t each : u"<>&\u2028\u2029") {
+        if (c == QChar(each))
+            return unicodeEscape(c);
+    }
+    return c < u' ' ? unicodeEscape(c) : QString(c);
+}
+
+/// A text as a string of a script in a page: nothing in it can be taken for markup.
 QString scriptString(const QString& text)
 {
-    QJsonObject object{{QStringLiteral("t"), text}};
-    const QString json = QString::fromUtf8(pageJson(object));
-    return json.mid(5, json.size() - 6);
+    QString result(u'"');
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
+            result += text.midRef(i++, 2);
+        else
+            result += c.isSurrogate() ? unicodeEscape(c) : inScriptString(c);
+    }
+    return result += u'"';
 }
 
 bool readText(QFile& file, QString* text, QString* error)
@@ -71,7 +98,7 @@ bool ReportEngine::loadPartialFromFile(const QString& name, QFile& file, ReportF
 
 bool ReportEngine::loadJavaScriptFromFile(QFile& file, QString* error)
 {
-    Source source{QString(), QString(), ReportFormat::Unknown};
+    Source source{std::nullopt, QString(), ReportFormat::Unknown};
     return readText(file, &source.text, error) &&
            addSource(source, vantrel::isResourcePath(file.fileName()), error);
 }
@@ -111,7 +138,7 @@ bool ReportEngine::runSource(const Source& source, QString* error)
     QString message;
     const bool ok = source.isScript()
                         ? interpreter->run(source.text, &message)
-                        : interpreter->registerPartial(source.name, source.format.scriptName(),
+                        : interpreter->registerPartial(*source.name, source.format.scriptName(),
                                                        source.text, &message);
     return ok || fail(error, message);
 }
@@ -134,7 +161,7 @@ QString ReportEngine::templateElements() const
     for (const Source& source : sources) {
         if (!source.isScript()) {
             elements += pageShell().templateElement.filled({{"type", source.format.mimeType()},
-                                                            {"name", source.name.toHtmlEscaped()},
+                                                            {"name", source.name->toHtmlEscaped()},
                                                             {"text", source.text}});
         }
     }
@@ -153,9 +180,8 @@ QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& 
                                         QString* error)
 {
     const bool isKnown =
-        std::any_of(sources.begin(), sources.end(), [&templateName](const Source& source) {
-            return !source.isScript() && source.name == templateName;
-        });
+        std::any_of(sources.begin(), sources.end(),
+                    [&templateName](const Source& source) { return source.name == templateName; });
     if (!isKnown) {
         *error = QObject::tr("Invalid template \"%1\" for html").arg(templateName);
         return QString();
@@ -171,10 +197,11 @@ QString ReportEngine::renderStatic(const QJsonObject& data, const QString& templ
         return QString();
     QString message;
     const QString json = QString::fromUtf8(QJsonDocument(data).toJson(QJsonDocument::Compact));
-    QString text = interpreter->render(templateName, format.scriptName(), json, &message);
-    if (!message.isNull())
+    const std::optional<QString> text =
+        interpreter->render(templateName, format.scriptName(), json, &message);
+    if (!text)
         fail(error, message);
-    return text;
+    return text.value_or(QString());
 }
 
 QByteArray pageJson(const QJsonObject& data)

@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 namespace corvane {
 
@@ -62,12 +63,12 @@ public:
                          QString* error);
 
 private:
-    /// A partial or, with no name, a script.
+    /// A partial or a script.
     struct Source {
-        QString name;
+        std::optional<QString> name; ///< of a partial
         QString text;
         ReportFormat format;
-        bool isScript() const { return name.isNull(); }
+        bool isScript() const { return !name; }
     };
 
     bool addSource(const Source& source, bool isTrusted, QString* error);

@@ -2,20 +2,10 @@
 
 #include <QFile>
 
-static void registerResources()
-{
-    Q_INIT_RESOURCE(vantrel);
-}
-
 namespace vantrel {
 
 QString resourceRoot()
 {
-    static const bool registered = [] {
-        registerResources();
-        return true;
-    }();
-    Q_UNUSED(registered)
     return QStringLiteral(":vantrel/custom");
 }
 

@@ -5,10 +5,10 @@
 
 namespace vantrel {
 
-/// Where the compiled-in resources of the report lie.
+/// Where the compiled-in resources of the report lie. They register themselves when what they are
+/// linked into is loaded.
 QString resourceRoot();
-/// The path of one of them. Makes sure that they are registered, which an object library that is
-/// linked statically doesn't do by itself.
+/// The path of one of them.
 QString resourcePath(const QString& name);
 /// The content of a compiled-in file, wherever it lies.
 QByteArray resourceBytes(const QString& path);

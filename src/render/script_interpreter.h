@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace corvane {
 
@@ -26,14 +27,14 @@ public:
     ScriptInterpreter(const ScriptInterpreter&) = delete;
     ScriptInterpreter& operator=(const ScriptInterpreter&) = delete;
 
-    /// @name Each is false, or leaves a message that isn't null, after a failure.
+    /// @name Each is false, or gives no text, after a failure, and leaves a message.
     /// @{
     virtual bool run(const QString& script, QString* message) = 0;
     /// Parses the template at once, unlike the script layer, which puts it off to the first use.
     virtual bool registerPartial(const QString& name, const QString& format, const QString& text,
                                  QString* message) = 0;
-    virtual QString render(const QString& templateName, const QString& format, const QString& json,
-                           QString* message) = 0;
+    virtual std::optional<QString> render(const QString& templateName, const QString& format,
+                                          const QString& json, QString* message) = 0;
     /// @}
 };
 

@@ -49,14 +49,14 @@ TEST(HelperCases, EveryRowGivesInTheInterpreterWhatTheTableSays)
         const QJsonObject row = value.toObject();
         SCOPED_TRACE(qPrintable(row.value("name").toString()));
         QString error;
-        const QString text = interpreter->render(
+        const std::optional<QString> text = interpreter->render(
             QString(), QString(), QString::fromUtf8(QJsonDocument(row).toJson()), &error);
         if (row.contains("error")) {
             const QString expected = row.value("error").toString();
-            EXPECT_TRUE(error.contains(expected)) << qPrintable(error + u' ' + text);
+            EXPECT_TRUE(!text && error.contains(expected)) << qPrintable(error);
         } else {
-            EXPECT_TRUE(error.isNull()) << qPrintable(error);
-            EXPECT_EQ(text, row.value("expected").toString());
+            EXPECT_TRUE(text) << qPrintable(error);
+            EXPECT_EQ(text.value_or(QString()), row.value("expected").toString());
         }
     }
 }
