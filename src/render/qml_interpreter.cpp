@@ -22,7 +22,7 @@ QString describe(const QJSValue& error)
 
 class QmlInterpreter : public ScriptInterpreter {
 public:
-    bool load(QString* error);
+    bool load(QString* message);
     bool run(const QString& script, QString* message) override;
     bool registerPartial(const QString& name, const QString& format, const QString& text,
                          QString* message) override;
@@ -38,17 +38,17 @@ private:
     QJSValue host; ///< the functions of the prelude
 };
 
-bool QmlInterpreter::load(QString* error)
+bool QmlInterpreter::load(QString* message)
 {
     engine.installExtensions(QJSEngine::ConsoleExtension);
     host = engine.evaluate(resourceText(QStringLiteral(":/vantrel/interpreter/prelude.js")),
                            QStringLiteral("prelude.js"));
     if (host.isError()) {
-        *error = describe(host);
+        *message = describe(host);
         return false;
     }
     for (const char* file : scriptFiles) {
-        if (!run(resourceText(vantrel::resourcePath(QLatin1String(file))), error))
+        if (!run(resourceText(vantrel::resourcePath(QLatin1String(file))), message))
             return false;
     }
     return true;
@@ -96,10 +96,10 @@ std::optional<QString> QmlInterpreter::call(const char* function, const QJSValue
 
 } // namespace
 
-std::unique_ptr<ScriptInterpreter> ScriptInterpreter::start(QString* error)
+std::unique_ptr<ScriptInterpreter> ScriptInterpreter::start(QString* message)
 {
     auto interpreter = std::make_unique<QmlInterpreter>();
-    if (!interpreter->load(error))
+    if (!interpreter->load(message))
         return nullptr;
     return interpreter;
 }

@@ -1,5 +1,6 @@
 #include "render/report_engine.h"
 
+#include "host/error_message.h"
 #include "render/page_shell.h"
 #include "render/resources.h"
 #include "render/script_interpreter.h"
@@ -10,6 +11,9 @@
 #include <algorithm>
 
 namespace corvane {
+
+using vantrel::clearError;
+using vantrel::fail;
 
 namespace {
 
@@ -50,19 +54,20 @@ QString scriptString(const QString& text)
 
 bool readText(QFile& file, QString* text, QString* error)
 {
+    clearError(error);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = QObject::tr("Unable to read file %1: %2").arg(file.fileName(), file.errorString());
-        return false;
+        return fail(
+            error,
+            QObject::tr("Unable to read file %1: %2").arg(file.fileName(), file.errorString()));
     }
     *text = QString::fromUtf8(file.readAll());
     file.close();
     return true;
 }
 
-bool fail(QString* error, const QString& message)
+bool failInScript(QString* error, const QString& message)
 {
-    *error = message.isEmpty() ? QObject::tr("unknown script error") : message;
-    return false;
+    return fail(error, message.isEmpty() ? QObject::tr("unknown script error") : message);
 }
 
 } // namespace
@@ -122,10 +127,11 @@ bool ReportEngine::addSource(const Source& source, bool isTrusted, QString* erro
 
 bool ReportEngine::runPendingSources(QString* error)
 {
+    QString message;
     if (!interpreter)
-        interpreter = ScriptInterpreter::start(error);
+        interpreter = ScriptInterpreter::start(&message);
     if (!interpreter)
-        return false;
+        return fail(error, message);
     for (; sourcesRun < sources.size(); ++sourcesRun) {
         if (!runSource(sources.at(sourcesRun), error))
             return false;
@@ -140,7 +146,7 @@ bool ReportEngine::runSource(const Source& source, QString* error)
                         ? interpreter->run(source.text, &message)
                         : interpreter->registerPartial(*source.name, source.format.scriptName(),
                                                        source.text, &message);
-    return ok || fail(error, message);
+    return ok || failInScript(error, message);
 }
 
 QString ReportEngine::scriptElements() const
@@ -179,11 +185,12 @@ DynamicPage ReportEngine::dynamicPage(const QString& templateName) const
 QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& templateName,
                                         QString* error)
 {
+    clearError(error);
     const bool isKnown =
         std::any_of(sources.begin(), sources.end(),
                     [&templateName](const Source& source) { return source.name == templateName; });
     if (!isKnown) {
-        *error = QObject::tr("Invalid template \"%1\" for html").arg(templateName);
+        fail(error, QObject::tr("Invalid template \"%1\" for html").arg(templateName));
         return QString();
     }
     const DynamicPage page = dynamicPage(templateName);
@@ -193,6 +200,7 @@ QString ReportEngine::renderDynamicHtml(const QJsonObject& data, const QString& 
 QString ReportEngine::renderStatic(const QJsonObject& data, const QString& templateName,
                                    ReportFormat format, QString* error)
 {
+    clearError(error);
     if (!runPendingSources(error))
         return QString();
     QString message;
@@ -200,7 +208,7 @@ QString ReportEngine::renderStatic(const QJsonObject& data, const QString& templ
     const std::optional<QString> text =
         interpreter->render(templateName, format.scriptName(), json, &message);
     if (!text)
-        fail(error, message);
+        failInScript(error, message);
     return text.value_or(QString());
 }
 

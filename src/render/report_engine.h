@@ -36,8 +36,7 @@ struct DynamicPage {
 
 /// Renders Handlebars templates with a data document. One instance serves one report.
 ///
-/// Messages go to the error texts, which start empty. A render has failed if its text isn't empty
-/// afterwards. No exception of a script gets out.
+/// A render has failed if its error text isn't empty afterwards. No exception of a script gets out.
 class ReportEngine {
 public:
     ReportEngine();

@@ -123,7 +123,7 @@ QJsonObject makeReportDocument(const MetricStore& metrics, const ReportSections&
         {QStringLiteral("subsections"), sections.subsections},
         {QStringLiteral("summaryData"), sections.summary},
         {QStringLiteral("brandingData"), sections.branding},
-        {QStringLiteral("colorData"), sections.colours},
+        {QStringLiteral("colorData"), sections.colors},
         {QStringLiteral("headerData"), headerRows()},
         {QStringLiteral("data"), metrics.toDataObject()},
         {QStringLiteral("metricData"), metrics.toMetricDataObject()},

@@ -1,5 +1,6 @@
 #include "render/report_sections.h"
 
+#include "host/error_message.h"
 #include "render/branding.h"
 #include "render/placeholders.h"
 
@@ -197,6 +198,8 @@ ReportMetric findReportMetric(const ReportDefinition& definition, const QString&
 
 QJsonObject makeSummaryData(const ReportDefinition& definition, QString* error)
 {
+    QString unwanted;
+    error = error ? error : &unwanted;
     error->clear();
     const Summary summary = definition.summary();
     QJsonObject data;
@@ -227,6 +230,8 @@ QJsonObject makeSummaryData(const ReportDefinition& definition, QString* error)
 
 QJsonArray makeSubsectionsData(const ReportDefinition& definition, QString* error)
 {
+    QString unwanted;
+    error = error ? error : &unwanted;
     error->clear();
     QJsonArray sections;
     for (const Subsection& subsection : definition.subsections()) {
@@ -239,8 +244,9 @@ QJsonArray makeSubsectionsData(const ReportDefinition& definition, QString* erro
     return sections;
 }
 
-QJsonObject makeColourData(const ReportDefinition& definition)
+QJsonObject makeColorData(const ReportDefinition& definition, QString* error)
 {
+    clearError(error);
     ColourMap colours;
     for (const ReportMetric& metric : definition.metrics())
         colours.insert(qualifiedMetricId(metric, definition.idScheme()),
@@ -256,6 +262,8 @@ QJsonObject makeColourData(const ReportDefinition& definition)
 bool makeReportSections(const ReportDefinition& definition, ReportSections* sections,
                         QString* error)
 {
+    QString unwanted;
+    error = error ? error : &unwanted;
     sections->branding = makeBrandingData(definition);
     sections->summary = makeSummaryData(definition, error);
     if (!error->isEmpty())
@@ -263,8 +271,8 @@ bool makeReportSections(const ReportDefinition& definition, ReportSections* sect
     sections->subsections = makeSubsectionsData(definition, error);
     if (!error->isEmpty())
         return false;
-    sections->colours = makeColourData(definition);
-    return true;
+    sections->colors = makeColorData(definition, error);
+    return error->isEmpty();
 }
 
 } // namespace vantrel

@@ -13,21 +13,20 @@ struct ReportSections {
     QJsonObject branding;
     QJsonObject summary;
     QJsonArray subsections;
-    QJsonObject colours;
+    QJsonObject colors;
 };
 
-/// @name Each empties @p error, which is not null, and gives an empty result after setting it.
+/// @name Each gives an empty result after a failure.
 /// @{
 QJsonObject makeSummaryData(const report::ReportDefinition& definition, QString* error);
 QJsonArray makeSubsectionsData(const report::ReportDefinition& definition, QString* error);
-/// @}
-
 /// Hue, saturation and lightness by the names that the other parts give their colours.
-QJsonObject makeColourData(const report::ReportDefinition& definition);
+QJsonObject makeColorData(const report::ReportDefinition& definition, QString* error);
+/// @}
 
 /// All parts of a definition, with its branding.
 ///
-/// @return false, with the first message in @p error, which is not null, if a part can't be made
+/// @return false if a part can't be made
 bool makeReportSections(const report::ReportDefinition& definition, ReportSections* sections,
                         QString* error);
 

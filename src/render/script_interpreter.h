@@ -16,11 +16,8 @@ public:
                                                   "handlebars.min-v4.0.5.js", "htmlparser.js",
                                                   "report-engine.js"};
 
-    /// Starts one and loads the layer.
-    ///
-    /// @param error takes a message if that fails
-    /// @return null if that fails
-    static std::unique_ptr<ScriptInterpreter> start(QString* error);
+    /// Starts one and loads the layer; null, with a message, if that fails.
+    static std::unique_ptr<ScriptInterpreter> start(QString* message);
 
     ScriptInterpreter() = default;
     virtual ~ScriptInterpreter() = default;

@@ -64,7 +64,7 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
     EXPECT_EQ(rows.at(0).toObject().keys(), QStringList({"colorName", "metricId", "template"}));
     const QString name = "custom.report.subsection.s-2-custom.report.metric.a";
     EXPECT_EQ(rows.at(2).toObject().value("colorName").toString(), name);
-    const QJsonObject colours = makeColourData(definition);
+    const QJsonObject colours = makeColorData(definition, nullptr);
     EXPECT_EQ(colours.value(name), QJsonArray({240, 100, 50}));
     EXPECT_EQ(colours.value("custom.report.metric.a"), QJsonArray({-1, 0, 100}));
 }
