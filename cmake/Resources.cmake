@@ -55,8 +55,8 @@ set(names
     logo.png powered-by-corvane-reports.png
     validation.xsd)
 list(TRANSFORM names PREPEND ${custom}/)
-# Which of them there must be is told in src/render/report_templates.h.
-set(VANTREL_TEMPLATES_DIR ${CMAKE_CURRENT_SOURCE_DIR}/resources/templates)
+# Which templates there must be is told in src/render/report_templates.h.
+set(VANTREL_TEMPLATES_DIR ${CMAKE_CURRENT_SOURCE_DIR}/resources/custom/templates)
 file(GLOB templates CONFIGURE_DEPENDS ${VANTREL_TEMPLATES_DIR}/*)
 vantrel_resource_folder(custom
     ${templates} ${names} ${handlebars_script} ${d3_script} ${htmlparser_script} ${joined})

@@ -5,9 +5,9 @@
 
 namespace corvane {
 
-std::unique_ptr<ScriptInterpreter> ScriptInterpreter::start(QString* error)
+std::unique_ptr<ScriptInterpreter> ScriptInterpreter::start(QString* message)
 {
-    *error = QObject::tr("This build has no script interpreter");
+    *message = QObject::tr("This build has no script interpreter");
     return nullptr;
 }
 

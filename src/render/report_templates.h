@@ -5,7 +5,7 @@
 namespace vantrel {
 
 struct ReportTemplate {
-    const char* file; ///< in resources/templates; without its suffix the name
+    const char* file; ///< in resources/custom/templates; without its suffix the name
     corvane::ReportFormat::value_type format;
 };
 
