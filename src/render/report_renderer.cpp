@@ -81,13 +81,13 @@ QByteArray renderPage(const QJsonObject& document)
 
 QByteArray renderText(ReportOutputKind kind, const QJsonObject& document)
 {
-    const bool isKnown = kind == ReportOutputKind::Text || kind == ReportOutputKind::Csv;
+    const QString templateName = templateNameForFormat(kind);
     ReportEngine engine;
     loadResources(engine);
     QString error;
-    const QString text =
-        engine.renderStatic(document, templateNameForFormat(kind),
-                            isKnown ? ReportFormat::Text : ReportFormat::Unknown, &error);
+    const QString text = engine.renderStatic(
+        document, templateName, templateName.isEmpty() ? ReportFormat::Unknown : ReportFormat::Text,
+        &error);
     if (!error.isEmpty())
         qWarning("Error generating static report: %s", qPrintable(error));
     return text.toLocal8Bit();
@@ -134,15 +134,10 @@ QByteArray renderReport(ReportOutputKind kind, const MetricStore& metrics,
                         const ReportSections& sections)
 {
     const QJsonObject document = makeReportDocument(metrics, sections);
-    switch (kind) {
-    case ReportOutputKind::Json:
+    if (kind == ReportOutputKind::Json)
         return QJsonDocument(document).toJson();
-    case ReportOutputKind::DynamicHtml:
+    if (kind == ReportOutputKind::DynamicHtml)
         return renderPage(document);
-    case ReportOutputKind::Text:
-    case ReportOutputKind::Csv:
-        break;
-    }
     return renderText(kind, document);
 }
 

@@ -62,7 +62,7 @@ const Row rows[] = {
     {document("\n<reportMetric id='a'/>@"), second.arg("a metric", "a", "metrics")},
     {document("<reportMetric id='corvane..x' displayName='B'/>@"), reserved.arg("corvane..x")},
     {document("<reportMetric id='a.\u00e9' displayName='\u00e9'></reportMetric>@"),
-     collision.arg(u8"a.\u00e9", "a")},
+     collision.arg("a.\u00e9", "a")},
     {metric("/><reportMetric id='c.d.e' displayName='C'/><reportMetric id='c.d' "
             "displayName='D'/>@"),
      collision.arg("c.d", "c.d.e")},
