@@ -2,7 +2,10 @@
 
 #include "definition/report_definition.h"
 
+#include "qt_printing.h"
+
 #include <QStringList>
+#include <QVariant>
 
 #include <gtest/gtest.h>
 
@@ -47,9 +50,12 @@ struct Loaded {
     QString error = QStringLiteral("stale");
 };
 
+/// The address of a document that has none of its own.
+inline const QUrl somewhere("http://a.example/b%20%25.xml");
+
 /// Loads the text without the "@" that marks a place in it. The verdict is the same for callers who
 /// want no message.
-inline Loaded load(QString text, const QUrl& url = {}, const ReportIdScheme& scheme = {})
+inline Loaded load(QString text, const QUrl& url = somewhere, const ReportIdScheme& scheme = {})
 {
     Loaded loaded;
     const QByteArray xml = text.remove(u'@').toUtf8();
@@ -66,24 +72,38 @@ inline std::string framed(const char* kind, const QString& text, const QString& 
     if (message.isEmpty())
         return {};
     const QStringList lines = text.left(text.indexOf(u'@')).split(u'\n');
-    return QStringLiteral("%1 in  at line %2 column %3: %4")
+    return QStringLiteral("%1 in http://a.example/b %25.xml at line %2 column %3: %4")
         .arg(kind, QString::number(lines.size()), QString::number(lines.last().size()), message)
         .toStdString();
 }
 
-/// @name A record in a line
+/// @name A record in a line: its id, then those of its fields that are neither empty nor 0
 /// @{
+inline QString recordLine(const QString& id, const char* names, const QVariantList& values)
+{
+    QString line = id;
+    const QStringList words = QString(names).split(u' ');
+    for (int i = 0; i < values.size(); ++i) {
+        const QString text = values.at(i).toString();
+        if (!text.isEmpty() && text != "0")
+            line += ' ' + words.at(i) + '=' + text;
+    }
+    return line;
+}
+
 inline QString colourName(const Colour& colour)
 {
-    return colour.isValid() ? colour.name() : QStringLiteral("none");
+    return colour.isValid() ? colour.name() : QString();
 }
 
 inline QString metricLine(const ReportMetric& m)
 {
-    const QStringList texts({m.id, m.displayName, m.units, colourName(m.colour),
-                             metricTypeName(m.type), QString::number(m.corvaneMetricVersion),
-                             m.breakdownSubsection, m.source, m.metricRef});
-    return QString("%1|%2|%3").arg(texts.join('|')).arg(int(m.sampleValue)).arg(int(m.aggregation));
+    return recordLine(m.id,
+                      "displayName units colour type version breakdown source metricRef "
+                      "sampleValue aggregation",
+                      {m.displayName, m.units, colourName(m.colour), metricTypeName(m.type),
+                       m.corvaneMetricVersion, m.breakdownSubsection, m.source, m.metricRef,
+                       int(m.sampleValue), int(m.aggregation)});
 }
 
 inline QString subsectionLine(const Subsection& s)
@@ -91,10 +111,9 @@ inline QString subsectionLine(const Subsection& s)
     QStringList rows;
     for (const SubsectionEntry& entry : s.entries)
         rows += entry.isSpacer ? QStringLiteral("spacer") : entry.reportMetric;
-    const QStringList texts({s.id, s.heading, colourName(s.colour), s.text, s.errorMetric,
-                             s.requirement, QString::number(s.order),
-                             QString::number(s.maxAdviceStrings), rows.join('+')});
-    return texts.join('|');
+    return recordLine(s.id, "heading colour text errorMetric requires order advices rows",
+                      {s.heading, colourName(s.colour), s.text, s.errorMetric, s.requirement, s.order,
+                       s.maxAdviceStrings, rows.join('+')});
 }
 /// @}
 

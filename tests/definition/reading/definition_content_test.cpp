@@ -17,48 +17,6 @@ QString repeated(const char* text, int count)
 
 } // namespace
 
-TEST(DefinitionContent, goesOnAfterReportedTrouble)
-{
-    const QString badErrorMetric = "errorMetric attribute must refer to a string metric, but "
-                                   "metric \"%1\" is of type \"%2\"";
-    const std::tuple<const char*, QString, QString> rows[] = {
-        {"Warning", document("<x>@<reportMetric/></x>"),
-         "Unrecognised element 'x' in <reportMetric>"},
-        {"Warning", summary("<x/>@"), "Unrecognised element 'x' in <summary>"},
-        {"Warning", document({}, {}, "<x/><entry>@<y/></entry>"),
-         "Unrecognised element 'entry' in <subsections>"},
-        {"Warning", section("><heading/>@</subsection>"),
-         "Unrecognised element 'heading' in <subsection>"},
-        {"Error",
-         metric("type='boolean'/>")
-             .replace("<subsections>\n",
-                      "<subsections>\n<subsection id='s' heading='S' errorMetric='b'/>@"),
-         badErrorMetric.arg("b", "Bool")},
-        {"Error", section("errorMetric='applicationDetails.notes'/>@"),
-         badErrorMetric.arg("applicationDetails.notes", "Double")},
-        {"Warning", section("errorMetric='a'><x/>@</subsection>"),
-         "Unrecognised element 'x' in <subsection>"},
-        {"Error", section("errorMetric='a' maxAdviceStrings='-1'/>@"),
-         "Attribute 'maxAdviceStrings' cannot be negative. Current value = -1."},
-    };
-    for (const auto& [kind, text, message] : rows) {
-        SCOPED_TRACE(text.toStdString());
-        const Loaded loaded = load(text);
-        ASSERT_TRUE(loaded.definition);
-        EXPECT_EQ(loaded.error.toStdString(), framed(kind, text, message));
-        EXPECT_EQ(loaded.definition->summary().entries.size(), 1);
-    }
-    EXPECT_EQ(load(std::get<1>(std::end(rows)[-1])).definition->subsection("s").maxAdviceStrings,
-              -1);
-}
-
-TEST(DefinitionContent, namesTheAddressInMessages)
-{
-    EXPECT_EQ(load("<x/>", QUrl("http://a.example/b%20%25.xml")).error.toStdString(),
-              "Error in http://a.example/b %25.xml at line 1 column 4: Missing string attribute "
-              "'name' for 'x' element");
-}
-
 TEST(DefinitionContent, keepsMarkupAsText)
 {
     const std::pair<const char*, const char*> rows[] = {
@@ -111,33 +69,36 @@ TEST(DefinitionContent, readsEveryAttribute)
     ASSERT_TRUE(loaded.definition) << loaded.error.toStdString();
     EXPECT_EQ(loaded.error, QString());
     const ReportDefinition& read = *loaded.definition;
-    EXPECT_EQ(read.name(), "r");
-    EXPECT_EQ(read.logo(), defaultLogoPrefix() + "-50.png");
-    EXPECT_EQ(read.logoLink(), defaultLogoLink());
+    EXPECT_EQ(read.name() + read.logo() + read.logoLink(),
+              "r" + defaultLogoPrefix() + "-50.png" + defaultLogoLink());
     const Loaded own = load(changed("name='r'", "name='r' logo='l' logoLink=''"));
     EXPECT_EQ(own.definition->logo() + own.definition->logoLink(), "l" + defaultLogoLink());
 
-    EXPECT_EQ(metricLine(read.metric("b.c")), "b.c|B|%|#ff0000|Integer|2|s|metric|m|3|2");
-    EXPECT_EQ(metricLine(read.metric("d")), "d|D||none|String|0||internal||0|0");
     const SummaryEntry shown = read.summary().entries.first();
-    EXPECT_EQ(QStringList({read.summary().heading, shown.id, shown.reportMetric, shown.chartLabel,
-                           shown.description, shown.requirement, QString::number(shown.order)})
-                  .join('|'),
-              "One<br/>Two|f|b.c|L||!version|-1");
-
-    const Subsection section = read.subsection("s");
-    EXPECT_EQ(subsectionLine(section), "s|S|#00ff00||d|d|7|1000|b.c+spacer+a");
-    QStringList rows;
-    for (const SubsectionEntry& entry : section.entries) {
-        const double scale = hasMaxBarValue(entry) ? entry.maxBarValue : -1;
-        rows += QStringList({entry.reportMetric, entry.displayName, colourName(entry.colour),
-                             entry.group, entry.requirement, QString::number(entry.order),
-                             QString::number(int(entry.unitPrefix)), QString::number(scale),
-                             QString::number(entry.machineReadableOnly)})
-                    .join('|');
+    QStringList lines{metricLine(read.metric("b.c")), metricLine(read.metric("d")),
+                      recordLine(read.summary().heading,
+                                 "id reportMetric chartLabel description requires order",
+                                 {shown.id, shown.reportMetric, shown.chartLabel, shown.description,
+                                  shown.requirement, shown.order}),
+                      subsectionLine(read.subsection("s"))};
+    for (const SubsectionEntry& entry : read.subsection("s").entries) {
+        lines += recordLine(entry.reportMetric,
+                            "displayName colour group requires order unitPrefix maxBarValue "
+                            "machineReadableOnly",
+                            {entry.displayName, colourName(entry.colour), entry.group,
+                             entry.requirement, entry.order, int(entry.unitPrefix),
+                             hasMaxBarValue(entry) ? entry.maxBarValue : 0,
+                             int(entry.machineReadableOnly)});
     }
-    EXPECT_EQ(rows.join('\n'), "b.c|N|#0000ff|g|b.c|2|1|1500|1\n||none||!a|3|0|-1|0\n"
-                               "a||none|||0|0|-1|0");
+    EXPECT_EQ(lines.join('\n'),
+              "b.c displayName=B units=% colour=#ff0000 type=Integer version=2 breakdown=s "
+              "source=metric metricRef=m sampleValue=3 aggregation=2\n"
+              "d displayName=D type=String source=internal\n"
+              "One<br/>Two id=f reportMetric=b.c chartLabel=L requires=!version order=-1\n"
+              "s heading=S colour=#00ff00 errorMetric=d requires=d order=7 advices=1000 "
+              "rows=b.c+spacer+a\n"
+              "b.c displayName=N colour=#0000ff group=g requires=b.c order=2 unitPrefix=1 "
+              "maxBarValue=1500 machineReadableOnly=1\n requires=!a order=3\na");
 }
 
 TEST(DefinitionContent, takesWhatIsNotReserved)
