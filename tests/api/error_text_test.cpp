@@ -42,34 +42,32 @@ TEST(ErrorText, readsPercentSignsAsConversionsOfNothing)
         {"%*d|%*.*f|%-*s|", "0|0||"},
         {"%y %Q %\xC3\xA9 %<", "%y %Q %\xC3\xA9 %<"},
         {"50%", "50%"},
-        {"%5", "%5"},
-        {"%-+ #0'.7ll", "%-+ #0'.7ll"},
-        {"%.", "%."},
-        {"%1$", "%1$"},
-        {"%$d", "%$d"},
-        {"%*", "%*"},
     };
     for (const auto& [given, expected] : rows)
         EXPECT_EQ(formatted(given), expected) << given;
+    for (const char* incomplete : {"%5", "%-+ #0'.7ll", "%.", "%1$", "%$d", "%*"})
+        EXPECT_EQ(formatted(incomplete), incomplete);
 }
 
 TEST(ErrorText, cutsOffWhatIsTooLong)
 {
     const std::string blanks(4094, ' ');
-    const std::string zeros(4092, '0');
-    const std::string longText(100000, 'x');
-    EXPECT_EQ(formatted("%999999999d"), blanks);
-    EXPECT_EQ(formatted("%99999999999999999999s"), blanks);
-    EXPECT_EQ(formatted("%-999999999dx"), "0" + blanks.substr(1));
-    EXPECT_EQ(formatted("%.999999999f"), "0." + zeros);
-    EXPECT_EQ(formatted("%999999999.999999999d"), std::string(4094, '0'));
-    EXPECT_EQ(formatted(longText), longText.substr(0, 4094));
-    EXPECT_EQ(formatted(longText.substr(0, 4093) + "%5d"), longText.substr(0, 4093) + " ");
+    const std::string zeros(4094, '0');
+    const std::string letters(4094, 'x');
+    const std::pair<std::string, std::string> rows[] = {
+        {"%999999999d", blanks},
+        {"%99999999999999999999s", blanks},
+        {"%-999999999dx", "0" + blanks.substr(1)},
+        {"%.999999999f", "0." + zeros.substr(2)},
+        {"%999999999.999999999d", zeros},
+        {letters + letters, letters},
+        {letters.substr(1) + "%5d", letters.substr(1) + " "},
+    };
+    for (const auto& [given, expected] : rows)
+        EXPECT_EQ(formatted(given), expected);
     vantrel::CustomReport report(nullptr);
-    report.setError("%s%d", longText.substr(0, 4092).c_str(), 1234);
-    EXPECT_EQ(report.errorMessage(), longText.substr(0, 4092) + "12");
+    report.setError("%s%d", letters.substr(2).c_str(), 1234);
+    EXPECT_EQ(report.errorMessage(), letters.substr(2) + "12");
     report.setError("%s", "%d");
     EXPECT_STREQ(report.errorMessage(), "%d") << "arguments are no formats";
-    report.setErrorFromFormat("");
-    EXPECT_FALSE(report.hasError());
 }

@@ -9,37 +9,37 @@ using namespace vantrel::report;
 
 TEST(ReportOutput, tellsWhatIsMissing)
 {
-    const std::string list =
-        "7 No metric values have been set for the following metrics:\n        ";
-    char place = 'x';
-    char* output = &place;
     Report report;
+    char* output = report.bytes.data();
     EXPECT_EQ(report.told(report.generateAndWrite(&output, ReportOutputKind::Json)),
               "7 No metric value has been set for 'cpu'");
     EXPECT_EQ(output, nullptr);
+    ReportMetric strange = report.metric("cpu");
+    strange.id = "%5d%%";
+    report.setMetrics({strange});
+    EXPECT_EQ(report.told(report.generate()), "7 No metric value has been set for '    0%'");
+
+    const auto expectMissing = [](Report& filled, const char* ids) {
+        EXPECT_EQ(filled.told(filled.generate()),
+                  "7 No metric values have been set for the following metrics:\n        " +
+                      QString(ids).replace(" ", "\n        ").toStdString());
+    };
     Report withoutDetails;
     withoutDetails.fillMetrics();
-    EXPECT_EQ(withoutDetails.told(withoutDetails.generate()),
-              list + "applicationDetails.exeName\n        applicationDetails.processes.plain");
+    expectMissing(withoutDetails, "applicationDetails.exeName applicationDetails.processes.plain");
     // The id of a bound may be skipped, but not its key.
     Report withBound(
         QByteArray(definition)
             .replace("</reportMetrics>",
                      "<reportMetric id='overview.bound1.long' displayName='%'/></reportMetrics>"));
     withBound.fill();
-    EXPECT_EQ(withBound.told(withBound.generate()),
-              list + "custom.report.metric.overview.bound1.long");
+    expectMissing(withBound, "custom.report.metric.overview.bound1.long");
     Report empty;
     empty.fill();
     empty.setSummary({});
-    EXPECT_EQ(empty.told(empty.generate()),
-              list + "overview.bound1.long\n        overview.bound1.short\n        "
-                     "overview.bound1.subsectionHeading\n        overview.bound1.subsectionId\n"
-                     "        overview.bound1.type");
-    ReportMetric strange = report.metric("cpu");
-    strange.id = "%5d%%";
-    report.setMetrics({strange});
-    EXPECT_EQ(report.told(report.generate()), "7 No metric value has been set for '    0%'");
+    expectMissing(empty, "overview.bound1.long overview.bound1.short "
+                         "overview.bound1.subsectionHeading overview.bound1.subsectionId "
+                         "overview.bound1.type");
 }
 
 TEST(ReportOutput, namesThePlaceOfBadPlaceholders)
@@ -86,23 +86,18 @@ TEST(ReportOutput, stopsChoosingAtAMetricWithoutANumber)
 
 TEST(ReportOutput, keepsTheBoundThatTheCallerSet)
 {
-    const char* const parts[] = {"long", "short", "type", "subsectionId", "subsectionHeading"};
+    const char* const parts[] = {"long", "short", "type", "subsectionId", "subsectionHeading", ""};
     for (const char* missing : parts) {
-        Report incomplete;
-        incomplete.fill(1, 2, 3);
+        Report report;
+        report.fill(1, 2, 3);
         for (const char* part : parts) {
-            if (part != missing)
-                incomplete.set(QByteArray("overview.bound1.") + part, "mine");
+            if (part != missing && *part)
+                report.set(QByteArray("overview.bound1.") + part, "mine");
         }
-        EXPECT_EQ(incomplete.generate(), 0) << missing;
-        EXPECT_EQ(incomplete.bound("bound1"), "K-bound|K|known||") << missing;
+        EXPECT_EQ(report.generate(), 0) << missing;
+        EXPECT_EQ(report.bound("bound1"),
+                  *missing ? "K-bound|K|known||" : "mine|mine|mine|mine|mine");
     }
-    Report report;
-    report.fill(1, 2, 3);
-    EXPECT_EQ(report.setDominantMetricFromCaller("cpu"), 0);
-    EXPECT_EQ(report.set("overview.bound1.long", "mine"), 0);
-    EXPECT_EQ(report.generate(), 0);
-    EXPECT_EQ(report.bound("bound1"), "mine|CPU|custom.report.metric.cpu|mem|Memory");
 }
 
 TEST(ReportOutput, writesTheBytesOfTheDocument)
@@ -113,16 +108,14 @@ TEST(ReportOutput, writesTheBytesOfTheDocument)
     EXPECT_EQ(report.generate() + report.generateAndWrite(&output, ReportOutputKind::Json), 0);
     EXPECT_EQ(std::memcmp(output, report.bytes.constData(), std::size_t(report.bytes.size())), 0);
     std::free(output);
-    EXPECT_EQ(report.document()["data"]["applicationDetails"]["exeName"].toString(), "exe");
-    EXPECT_EQ(report.document()["data"]["overview"]["bound1"]["type"].toString(), "known");
     EXPECT_EQ(report.told(report.generateAndWrite(nullptr, ReportOutputKind::Json)),
               "13 Pointer to receive the report output buffer is NULL");
 }
 
 TEST(CustomReportText, tellsExceptionsAndNotices)
 {
-    const auto messageOf = [](const auto& exception) {
-        Report report;
+    Report report;
+    const auto messageOf = [&](const auto& exception) {
         try {
             throw exception;
         } catch (...) {
@@ -132,13 +125,9 @@ TEST(CustomReportText, tellsExceptionsAndNotices)
     EXPECT_EQ(messageOf(std::runtime_error("%s went wrong")),
               "1 EXCEPTION! context: some_call | fatal error with found message: %s went wrong");
     EXPECT_EQ(messageOf(1), "1 EXCEPTION! context: some_call | unknown error");
-
-    Report report;
     EXPECT_FALSE(report.hasNotices());
-    EXPECT_EQ(report.noticeText(), "");
-    report.addNotice("b", "old");
-    report.addNotice("a", "%1");
-    report.addNotice("b", "new");
+    for (const char* text : {"b old", "a %1", "b new"})
+        report.addNotice(QString(text).left(1), text + 2);
     EXPECT_TRUE(report.hasNotices());
     EXPECT_EQ(report.noticeText(), "%1\nnew\n");
 }
