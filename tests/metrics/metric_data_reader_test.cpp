@@ -31,26 +31,25 @@ QJsonObject object(const QByteArray& text)
 TEST(MetricReader, readsDefinitions)
 {
     // The message, or null, and what was read as toMetricDataObject() writes it.
+    const QByteArray longPath = QByteArray("a.").repeated(200) + 'a';
     const std::tuple<QByteArray, const char*, const char*> rows[] = {
         {R"({})", nullptr, "{}"},
         {R"({"a":{"value":"x.y","type":"Double","units":"s","displayName":"A","version":3}})",
          nullptr,
          R"({"a":{"displayName":"A","type":"Double","units":"s","value":"x.y","version":3}})"},
-        {R"({"a":{"value":"a","type":"Bool","units":1,"displayName":null,"version":"3"}})", nullptr,
-         R"({"a":{"type":"Bool","value":"a"}})"},
+        {R"({"a":{"value":"a","type":"Bool","units":1,"displayName":null,"version":"3"},"c":[]})",
+         nullptr, R"({"a":{"type":"Bool","value":"a"}})"},
         {R"({"a":{"value":"a","type":"Bool","units":"","version":257.9}})", nullptr,
          R"({"a":{"type":"Bool","units":"","value":"a","version":1}})"},
         {R"({"a":{"value":"a","type":"Bool","version":1e300}})", nullptr,
          R"({"a":{"type":"Bool","value":"a","version":255}})"},
-        {R"({"a":1,"b":[],"c":{"value":"c","type":"String"}})", nullptr,
-         R"({"c":{"type":"String","value":"c"}})"},
         {R"({"a":{"type":"String"}})", "Field value not found for metric a", "{}"},
         {R"({"%1":{"value":"a","type":null}})", "Field type not found for metric %1", "{}"},
         {R"({"a":{"value":"a","type":"double"}})", "", "{}"},
         {R"({"a":{"value":"a","type":"Bool"},"b":{"value":"","type":"Bool"}})", "",
          R"({"a":{"type":"Bool","value":"a"}})"},
         {R"({"":{"value":"a","type":"Bool"}})", "", "{}"},
-        {R"({"m":{"type":"Bool","value":")" + QByteArray("a.").repeated(200) + "a\"}}",
+        {R"({"m":{"type":"Bool","value":")" + longPath + "\"}}",
          "The value of metric m has a path of more than 200 parts.", "{}"},
     };
     for (const auto& [entries, message, kept] : rows) {
@@ -73,7 +72,6 @@ TEST(MetricReader, readsValuesOfEachType)
         {String, "1", "Metric x.m value is not a string"},
         {Bool, "true", "1"},
         {Bool, "1", "Metric x.m value is not a boolean"},
-        {Integer, "2.9", "2"},
         {Integer, "-2.9", "-2"},
         {Integer, "1e10", "2147483647"},
         {Integer, "-1e300", "-2147483648"},
@@ -171,15 +169,15 @@ TEST(MetricReader, refusesMalformedText)
     store.addDefinition(declare("m", Integer, 3));
     QString error;
     for (const QString& text : malformed) {
-        EXPECT_FALSE(store.readJson(text, &error)) << text.left(20).toStdString();
+        EXPECT_FALSE(store.readJson(text, &error) || store.readJson(text, nullptr));
         EXPECT_EQ(error, "malformed JSON input") << text.left(20).toStdString();
     }
-    EXPECT_FALSE(store.readJson("x", nullptr));
     EXPECT_FALSE(store.readJson("[]", &error));
     EXPECT_EQ(error, "Expected JSON data to be an object");
-    for (const char* text : wellFormed)
-        EXPECT_TRUE(store.readJson(QString::fromUtf8(text), &error)) << text << error.toStdString();
-    EXPECT_EQ(error, QString()) << "a new reading forgets the old message";
+    for (const char* text : wellFormed) {
+        EXPECT_TRUE(store.readJson(QString::fromUtf8(text), &error)) << text;
+        EXPECT_EQ(error, "") << "a new reading forgets the old message";
+    }
 }
 
 TEST(MetricReader, takesDefinitionsOnceAndValuesFromEitherPlace)
@@ -216,10 +214,6 @@ TEST(MetricReader, readsFiles)
     ASSERT_TRUE(store.readFile(file, &error)) << error.toStdString();
     EXPECT_EQ(store.value("m").toString().toStdString(), "\xC3\xA9");
     EXPECT_FALSE(file.isOpen());
-    MetricStore ofReport;
-    QFile report(QStringLiteral(TEST_SOURCE_DIR "/render/golden/sample.json"));
-    EXPECT_TRUE(ofReport.readFile(report, &error)) << error.toStdString();
-    EXPECT_EQ(ofReport.value("version"), QVariant(3));
     QFile missing(folder.filePath("none"));
     EXPECT_FALSE(store.readFile(missing, &error));
     EXPECT_EQ(error, "Unable to open file " + folder.filePath("none"));
@@ -235,9 +229,11 @@ TEST(MetricRecords, haveGlobalNames)
         {declare("other.plain", Bool), true},
         {declare("precise", Precise), fromDoubleWithPrecision({1.23456, 3})},
     };
+    QStringList ids{"precise", "unset", "unknown", "Precise"};
     for (const auto& [metric, value] : values) {
         store.addDefinition(metric);
         store.setValue(metric.id, value);
+        ids.prepend(metric.id);
     }
     store.addDefinition(declare("unset", Integer));
     MetricDefinition precise = store.definition("precise");
@@ -252,11 +248,7 @@ TEST(MetricRecords, haveGlobalNames)
         {"com.corvane.other.plain", "1", "uint8", {}, {}},
         {"com.corvane.application.p", "1.23", "double", "s", "P"},
     };
-    EXPECT_EQ(store.metricRecords({"precise", "other.plain", "unset", "unknown",
-                                   "energy.total.plain", "applicationDetails.nodes.plain",
-                                   "applicationDetails.exeName", "precise"}),
-              expected);
-    EXPECT_EQ(store.metricRecords({"Precise"}), QList<MetricRecord>());
+    EXPECT_EQ(store.metricRecords(ids), expected);
     store.clearDefinitions();
     const MetricRecord undeclared{"com.corvane.", {}, {}, {}, {}};
     EXPECT_EQ(store.metricRecords({"other.plain"}), QList<MetricRecord>{undeclared});

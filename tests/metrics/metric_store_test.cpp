@@ -64,32 +64,22 @@ TEST(MetricStore, listsMissingValuesInOrder)
 
 TEST(MetricStore, writesValuesInTheFormOfTheirType)
 {
-    const std::tuple<MetricType, QVariant, const char*> rows[] = {
-        {MetricType::String, QString(), R"({"v":""})"},
+    // The others are in the golden of the JSON form.
+    const std::tuple<MetricType, QVariant, QJsonValue> rows[] = {
+        {MetricType::String, QString(), ""},
         {MetricType::String, QString::fromUtf8("\xE2\x80\xA8\"</script>"),
-         "{\"v\":\"\xE2\x80\xA8\\\"</script>\"}"},
-        {MetricType::Bool, true, R"({"v":true})"},
-        {MetricType::Integer, -7, R"({"v":-7})"},
-        {MetricType::Double, 0.5, R"({"v":0.5})"},
-        {MetricType::Double, std::nan(""), R"({"v":null})"},
-        {MetricType::DoubleWithPrecision, fromDoubleWithPrecision({1.5, 3}),
-         R"({"v":{"precision":3,"value":1.5}})"},
-        {MetricType::DoubleWithPrecision, fromDoubleWithPrecision({std::nan(""), -1}),
-         R"({"v":{"precision":-1,"value":null}})"},
-        {MetricType::None, 1, R"({"v":null})"},
-        {MetricType(6), 1, R"({"v":null})"},
+         QString::fromUtf8("\xE2\x80\xA8\"</script>")},
+        {MetricType::Integer, -7, -7},
+        {MetricType::Double, HUGE_VAL, HUGE_VAL},
+        {MetricType::Double, -HUGE_VAL, -HUGE_VAL},
+        {MetricType::None, 1, QJsonValue::Null},
+        {MetricType(6), 1, QJsonValue::Null},
     };
     for (const auto& [type, value, json] : rows) {
         MetricStore store;
         store.addDefinition(declare("v", type));
         store.setValue("v", value);
-        EXPECT_EQ(textOf(store.toDataObject()), json);
-    }
-    for (const double infinity : {HUGE_VAL, -HUGE_VAL}) {
-        MetricStore store;
-        store.addDefinition(declare("v", MetricType::Double));
-        store.setValue("v", infinity);
-        EXPECT_TRUE(store.toDataObject().value("v") == QJsonValue(infinity)) << "not null yet";
+        EXPECT_TRUE(store.toDataObject().value("v") == json) << value.toString().toStdString();
     }
 }
 

@@ -81,10 +81,9 @@ TEST(MetricType, hasDefaultAndAbsentValues)
         EXPECT_TRUE(isValueOfType(type, value) && isValueOfType(type, absent)) << code;
         EXPECT_EQ(metricValueText(type, value), code == 1 ? "" : "0") << code;
         EXPECT_EQ(metricValueText(type, absent), absentTexts[code - 1]) << code;
+        EXPECT_TRUE(code != 1 || (value.toString().isNull() && absent.toString().isNull()));
+        EXPECT_EQ(toDoubleWithPrecision(absent).precision, 0);
     }
-    EXPECT_EQ(toDoubleWithPrecision(absentValueFor(MetricType::DoubleWithPrecision)).precision, 0);
-    EXPECT_TRUE(defaultValueFor(MetricType::String).toString().isNull());
-    EXPECT_TRUE(absentValueFor(MetricType::String).toString().isNull());
     for (const int code : {-1, 0, 6})
         EXPECT_FALSE(defaultValueFor(MetricType(code)).isValid() ||
                      absentValueFor(MetricType(code)).isValid());

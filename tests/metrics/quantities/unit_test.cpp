@@ -41,7 +41,6 @@ TEST(Unit, readsTexts)
         {"kibibytes", 0, "Ki1/2|B|1|0|1024|kibibytes"},
         {"Wh", 0, "0/0|Wh|1|1|1000|Wh"},
         {"joule", 0, "0/0|joule|2|1|1000|joule"},
-        {"kb", 0, "0/0|kb|2|1|1000|kb"},
         {"KB", 0, "0/0|KB|2|1|1000|KB"},
         {"Kbytes", 2, "0/2|Kbytes|2|1|1024|Kbytes"},
         {"processes", 7, "0/0|processes|2|1|1|processes"},
