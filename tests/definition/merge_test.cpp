@@ -72,50 +72,69 @@ QString describe(const ReportDefinition& definition)
     return lines.join('\n');
 }
 
+const QString x = "x heading=X colour=#ff0000 text=old errorMetric=t requires=a order=2 "
+                  "advices=3 rows=a";
+/// What changes in the description of the full definition.
+const std::tuple<QString, QString, QString> changes[] = {
+    {"<x/>" + metrics("<reportMetric id='b'/>"), "", ""},
+    {"<subsections/><summary><entry id='e' reportMetric='a'/></summary>", "", ""},
+    {metrics("<reportMetric id='a'/>"), "", ""},
+    {metrics("<reportMetric id='a' displayName='B' units='m' colour='blue' type='double' "
+             "corvaneMetricVersion='2' breakdownSubsection='y' source='metric'><sourceDetails "
+             "metricRef='n' sampleValue='sum' aggregation='mean'/></reportMetric>"),
+     "displayName=A units=s colour=#ff0000 type=Integer breakdown=x source=metric metricRef=m "
+     "sampleValue=1 aggregation=2",
+     "displayName=B units=m colour=#0000ff type=Integer breakdown=y source=metric metricRef=n "
+     "sampleValue=4 aggregation=3"},
+    {metrics("<reportMetric id='a' units='m'/><reportMetric id='a' displayName='B'/>"),
+     "displayName=A units=s", "displayName=B units=m"},
+    {metrics("<reportMetric id='t' units='m' source='internal'/>"), "displayName=T type=String",
+     "displayName=T units=m type=String source=internal"},
+    {metrics("<reportMetric id='b' displayName='B'/>") +
+         "<summary><entry id='f' reportMetric='b'/><footer>G</footer><heading>I</heading>"
+         "</summary>",
+     "H F\ne:a", "b displayName=B type=Double\nH<br/>I F<br/>G\ne:a\nf:b"},
+    {"<summary overwrite=' 1 '><entry id='e' reportMetric='t'/></summary>", "H F\ne:a", " \ne:t"},
+    {sections("<subsection id='x' heading='Z' colour='blue' requires='!t' order='1' "
+              "maxAdviceStrings='4'><text>n</text><text>ew</text><spacer/><entry "
+              "reportMetric='t'/></subsection>"),
+     x,
+     "x heading=Z colour=#0000ff text=new errorMetric=t requires=!t order=1 advices=4 "
+     "rows=a+spacer+t"},
+    {sections("<subsection id='x' errorMetric='t' maxAdviceStrings='1' order='0'/>"), "", ""},
+    {sections("<subsection id='x'><entry reportMetric='a'/></subsection>"), "rows=a", "rows=a+a"},
+    {sections("<subsection id='x' overwrite='true' order='2'/>"), x, "x order=2 advices=1"},
+    {sections("<subsection id='z' heading='Z' overwrite='true' order='3'/>"), x,
+     x + "\nz heading=Z order=3 advices=1"},
+    {"<subsections overwrite='true'><subsection id='x' heading='N'/></subsections>",
+     "y heading=Y advices=1\n" + x, "x heading=N advices=1"},
+};
+
+const std::pair<QString, QString> refusals[] = {
+    {"<summary><entry id='e' reportMetric='a'/></summary>",
+     "There is already a non-identical entry with id=\"e\" in the <summary> section of this "
+     "report, added from one of the following files:\n        full (file:///full.xml)\n"
+     "        a (file:///a.xml)\n        first (file:///first.xml)\n"},
+    {"<summary overwrite='true'><heading>h</heading></summary>",
+     "There are no <entry> elements in the <summary> section. A report must contain at least "
+     "one metric and summary entry"},
+    {sections("<subsection id='z' heading='Z'/><subsection id='z' overwrite='1'/>"),
+     "There is already a subsection with id=\"z\" in the <subsections> section of this file"},
+    {sections("<subsection id='z' overwrite='true'/>"),
+     "Missing string attribute 'heading' for 'subsection' element"},
+    {metrics("<reportMetric id='a' breakdownSubsection='z'/>") + "<subsections/>",
+     "No subsection has id=\"z\", required by the \"breakdownSubsection\" attribute of the "
+     "\"a\" metric"},
+    {metrics("<reportMetric id='n' displayName='N'/><reportMetric id='a' units='m'/>"
+             "<reportMetric id='t.u' displayName='U'/>"),
+     "Partial metric id name collision detected between \"t.u\" and \"t\"."},
+};
+
 } // namespace
 
 TEST(Merge, changesWhatAPartialDocumentSays)
 {
-    const QString x = "x heading=X colour=#ff0000 text=old errorMetric=t requires=a order=2 "
-                      "advices=3 rows=a";
-    // What changes in the description of the full definition.
-    const std::tuple<QString, QString, QString> rows[] = {
-        {"<x/>" + metrics("<reportMetric id='b'/>"), "", ""},
-        {"<subsections/><summary><entry id='e' reportMetric='a'/></summary>", "", ""},
-        {metrics("<reportMetric id='a'/>"), "", ""},
-        {metrics("<reportMetric id='a' displayName='B' units='m' colour='blue' type='double' "
-                 "corvaneMetricVersion='2' breakdownSubsection='y' source='metric'><sourceDetails "
-                 "metricRef='n' sampleValue='sum' aggregation='mean'/></reportMetric>"),
-         "displayName=A units=s colour=#ff0000 type=Integer breakdown=x source=metric metricRef=m "
-         "sampleValue=1 aggregation=2",
-         "displayName=B units=m colour=#0000ff type=Integer breakdown=y source=metric metricRef=n "
-         "sampleValue=4 aggregation=3"},
-        {metrics("<reportMetric id='a' units='m'/><reportMetric id='a' displayName='B'/>"),
-         "displayName=A units=s", "displayName=B units=m"},
-        {metrics("<reportMetric id='t' units='m' source='internal'/>"), "displayName=T type=String",
-         "displayName=T units=m type=String source=internal"},
-        {metrics("<reportMetric id='b' displayName='B'/>") +
-             "<summary><entry id='f' reportMetric='b'/><footer>G</footer><heading>I</heading>"
-             "</summary>",
-         "H F\ne:a", "b displayName=B type=Double\nH<br/>I F<br/>G\ne:a\nf:b"},
-        {"<summary overwrite=' 1 '><entry id='e' reportMetric='t'/></summary>", "H F\ne:a",
-         " \ne:t"},
-        {sections("<subsection id='x' heading='Z' colour='blue' requires='!t' order='1' "
-                  "maxAdviceStrings='4'><text>n</text><text>ew</text><spacer/><entry "
-                  "reportMetric='t'/></subsection>"),
-         x,
-         "x heading=Z colour=#0000ff text=new errorMetric=t requires=!t order=1 advices=4 "
-         "rows=a+spacer+t"},
-        {sections("<subsection id='x' errorMetric='t' maxAdviceStrings='1' order='0'/>"), "", ""},
-        {sections("<subsection id='x'><entry reportMetric='a'/></subsection>"), "rows=a",
-         "rows=a+a"},
-        {sections("<subsection id='x' overwrite='true' order='2'/>"), x, "x order=2 advices=1"},
-        {sections("<subsection id='z' heading='Z' overwrite='true' order='3'/>"), x,
-         x + "\nz heading=Z order=3 advices=1"},
-        {"<subsections overwrite='true'><subsection id='x' heading='N'/></subsections>",
-         "y heading=Y advices=1\n" + x, "x heading=N advices=1"},
-    };
-    for (const auto& [content, before, after] : rows) {
+    for (const auto& [content, before, after] : changes) {
         SCOPED_TRACE(content.toStdString());
         const auto definition = fullDefinition();
         const QString old = describe(*definition);
@@ -132,26 +151,7 @@ TEST(Merge, changesWhatAPartialDocumentSays)
 
 TEST(Merge, refusesAndKeepsWhatCameBefore)
 {
-    const std::pair<QString, QString> rows[] = {
-        {"<summary><entry id='e' reportMetric='a'/></summary>",
-         "There is already a non-identical entry with id=\"e\" in the <summary> section of this "
-         "report, added from one of the following files:\n        full (file:///full.xml)\n"
-         "        a (file:///a.xml)\n        first (file:///first.xml)\n"},
-        {"<summary overwrite='true'><heading>h</heading></summary>",
-         "There are no <entry> elements in the <summary> section. A report must contain at least "
-         "one metric and summary entry"},
-        {sections("<subsection id='z' heading='Z'/><subsection id='z' overwrite='1'/>"),
-         "There is already a subsection with id=\"z\" in the <subsections> section of this file"},
-        {sections("<subsection id='z' overwrite='true'/>"),
-         "Missing string attribute 'heading' for 'subsection' element"},
-        {metrics("<reportMetric id='a' breakdownSubsection='z'/>") + "<subsections/>",
-         "No subsection has id=\"z\", required by the \"breakdownSubsection\" attribute of the "
-         "\"a\" metric"},
-        {metrics("<reportMetric id='n' displayName='N'/><reportMetric id='a' units='m'/>"
-                 "<reportMetric id='t.u' displayName='U'/>"),
-         "Partial metric id name collision detected between \"t.u\" and \"t\"."},
-    };
-    for (const auto& [content, message] : rows) {
+    for (const auto& [content, message] : refusals) {
         SCOPED_TRACE(content.toStdString());
         const auto definition = fullDefinition();
         EXPECT_EQ(merge(*definition, {}, "first") + merge(*definition, {}, "a"), "");

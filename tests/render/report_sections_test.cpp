@@ -6,6 +6,8 @@
 #include "qt_printing.h"
 #include "warnings.h"
 
+#include <QRegExp>
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -77,23 +79,20 @@ TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
          "150 " + site + "downloads/vantrel-logo-50.png " + site +
              "products/vantrel data:image/png;base64,iVBOR"},
         {"own.png", "",
-         "150 own.png  |30 " + site + "downloads/powered-by-corvane-reports-61.png " + site +
-             "products/corvane-vantrels data:image/png;base64,iVBOR"},
+         "150 own.png none none|30 " + site + "downloads/powered-by-corvane-reports-61.png " +
+             site + "products/corvane-vantrels data:image/png;base64,iVBOR"},
     };
     for (const auto& [own, link, expected] : rows) {
         ReportDefinition definition;
         definition.setLogo(own);
         definition.setLogoLink(link);
         QStringList described;
-        const QJsonArray logos = makeBrandingData(definition).value("logos").toArray();
-        for (const QJsonValue& logo : logos) {
-            described +=
-                QStringList({QString::number(logo["height"].toInt()), logo["image"].toString(),
-                             logo["link"].toString(), logo["altData"].toString().left(27)})
-                    .join(' ');
+        for (const QJsonValue& logo : makeBrandingData(definition).value("logos").toArray()) {
+            described += QString::number(logo["height"].toInt());
+            for (const char* key : {"image", "link", "altData"})
+                described.last() += ' ' + logo[QLatin1String(key)].toString("none").left(75);
         }
-        EXPECT_EQ(described.join('|'), expected);
-        EXPECT_EQ(logos.first().toObject().contains("link"), !link.isEmpty());
+        EXPECT_EQ(described.join('|').replace(QRegExp("(iVBOR)[^|]*"), "\\1"), expected);
     }
     const QStringList warnings =
         warningsOf([] { EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), ""); });
