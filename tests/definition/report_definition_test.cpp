@@ -87,6 +87,7 @@ TEST(ReportDefinition, findsTheFirstCollision)
         {"a.b.c", "b.c a.b a a.b.c", "a.b", ""},
         {"a.b.c", "a.b.c.d.e a", "a.b.c.d.e", ""},
         {"a.b.c", "a a.b.c.d", "a", ""},
+        {"a.b", "a a.b a", "a", ""},
         {"a.b", "a.bc A.b b.a a.a.b ab", "", ""},
         {"b..c", "a", "", "b..c"},
         {".b", "a", "", ".b"},
