@@ -19,6 +19,9 @@ TEST(CustomReport, setsValuesOfCallers)
          "are of type \"double\" and must be set with "
          "vantrel_set_value_double(report,metricId,value)."},
         {"text", 1.0, 10, "expected type \"String\" for metric \"custom.report.metric.text\""},
+        {"applicationDetails.hostMemory.plain", 1.0, 10,
+         "expected type \"DoubleWithPrecision\" for metric "
+         "\"applicationDetails.hostMemory.plain\""},
         {"known", 1.0, 4, "unknown metric: \"custom.report.metric.known\""},
         {"%s%n", 1.0, 4, "unknown metric: \"%s%n\""},
     };
