@@ -112,8 +112,8 @@ inline QString subsectionLine(const Subsection& s)
     for (const SubsectionEntry& entry : s.entries)
         rows += entry.isSpacer ? QStringLiteral("spacer") : entry.reportMetric;
     return recordLine(s.id, "heading colour text errorMetric requires order advices rows",
-                      {s.heading, colourName(s.colour), s.text, s.errorMetric, s.requirement, s.order,
-                       s.maxAdviceStrings, rows.join('+')});
+                      {s.heading, colourName(s.colour), s.text, s.errorMetric, s.requirement,
+                       s.order, s.maxAdviceStrings, rows.join('+')});
 }
 /// @}
 
