@@ -42,8 +42,8 @@ foreach(name vantrel vantrel-late)
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
 
-# The library looks for it at this place below the installation's root.
-install(FILES resources/report-default.xml DESTINATION vantrel/templates)
+# The folder of shared data is the root below which the library looks for it.
+install(FILES resources/report-default.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel/templates)
 
 install(FILES resources/custom/validation.xsd resources/catalog.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel)
