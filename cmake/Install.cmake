@@ -1,5 +1,5 @@
-# The headers, the libraries and the module, what others find them by (a CMake package and pkg-config files), the
-# default definition, the schema for editors, and the licences of what goes into pages.
+# The headers, the libraries with the module, what others find them by (a CMake package and pkg-config
+# files), the tool, the default definition, the schema for editors, and the licences of what goes into pages.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantrel)
 
@@ -8,6 +8,17 @@ install(TARGETS vantrel vantrel_late EXPORT vantrel-targets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS vantrel_explainer
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${VANTREL_MODULE_DIR})
+if(VANTREL_BUILD_TOOL)
+    install(TARGETS vantrel_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    # The tool is made of CLI11's headers too, whose licence asks to go with it.
+    find_file(VANTREL_CLI11_LICENCE NAMES LICENSE copyright NO_DEFAULT_PATH
+        PATHS ${CLI11_DIR}/../../doc/CLI11 /usr/share/doc/libcli11-dev
+        DOC "The licence of CLI11, which is installed with the tool")
+    if(NOT VANTREL_CLI11_LICENCE)
+        message(FATAL_ERROR "Give the file of CLI11's licence: -DVANTREL_CLI11_LICENCE=FILE")
+    endif()
+    install(FILES ${VANTREL_CLI11_LICENCE} DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME CLI11.LICENSE)
+endif()
 install(FILES include/vantrel.h include/vantrel_late.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT vantrel-targets NAMESPACE vantrel:: DESTINATION ${package_dir})
 

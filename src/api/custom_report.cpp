@@ -20,6 +20,12 @@ CustomReport::CustomReport(const char* xmlLayout)
         setUpMetrics();
 }
 
+CustomReport::CustomReport(const ReportDefinition& definition) : ReportDefinition(definition)
+{
+    if (setUpProcess())
+        setUpMetrics();
+}
+
 bool CustomReport::loadDefinition(const char* xmlLayout)
 {
     if (!xmlLayout) {

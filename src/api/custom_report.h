@@ -21,6 +21,8 @@ class CustomReport : public report::ReportDefinition {
 public:
     /// Loads the definition and declares its metrics. A failure shows in the error text only.
     explicit CustomReport(const char* xmlLayout);
+    /// Takes a definition that is loaded already.
+    explicit CustomReport(const report::ReportDefinition& definition);
 
     /// @name The latch
     /// @{

@@ -9,8 +9,9 @@ namespace vantrel {
 
 namespace {
 
-/// Where modules lie, from the folder of the library or of a program.
-constexpr const char* moduleFolders[] = {"/corvane-custom-vantrel/", "/../corvane-custom-vantrel/"};
+/// Where modules lie, from the folder of the library or of a program; of an installed program last.
+constexpr const char* moduleFolders[] = {"corvane-custom-vantrel", "../corvane-custom-vantrel",
+                                         VANTREL_MODULES_FROM_PROGRAM};
 
 /// The file that is mapped at an address; a line of the table reads "begin-end mode offset device
 /// inode path".
@@ -47,7 +48,7 @@ void* moduleFunction(const char* module, const char* function)
     if (own.isEmpty())
         return nullptr;
     for (const char* folder : moduleFolders) {
-        const QByteArray path = own + folder + module;
+        const QByteArray path = (*folder == '/' ? QByteArray() : own + '/') + folder + '/' + module;
         if (void* const opened = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL))
             return dlsym(opened, function);
     }

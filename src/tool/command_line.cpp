@@ -1,0 +1,31 @@
+#include "tool/command_line.h"
+
+#include "api/library_id.h"
+#include "tool/commands.h"
+
+namespace vantrel::tool {
+
+std::unique_ptr<CLI::App> makeCommandLine(ExitCode* result)
+{
+    auto app = std::make_unique<CLI::App>(
+        "Renders reports on runs of parallel applications, and tells about their definitions.",
+        "vantrel");
+    app->set_version_flag("--version", libraryIdText(), "Print what this is and exit");
+    app->require_subcommand(1);
+    app->footer("Example:\n  vantrel render report.xml --values values.json -o report.html\n"
+                "Each command has a help of its own: vantrel render --help");
+    addRenderCommand(*app, result);
+    addListCommand(*app, result);
+    addSchemaCommand(*app, result);
+    return app;
+}
+
+QStringList textsFrom(const std::vector<std::string>& arguments)
+{
+    QStringList texts;
+    for (const std::string& argument : arguments)
+        texts.append(textFrom(argument));
+    return texts;
+}
+
+} // namespace vantrel::tool
