@@ -41,6 +41,9 @@ public:
     /// The value of @p id, or an invalid variant.
     QVariant value(const QString& id) const { return values.value(id); }
 
+    /// The ids of all declared metrics.
+    QStringList ids() const { return definitions.keys(); }
+
     /// Declares a metric; a later declaration of the same id replaces an earlier one.
     void addDefinition(const MetricDefinition& definition);
     void addDefinitions(const QList<MetricDefinition>& list);

@@ -16,6 +16,7 @@ std::unique_ptr<CLI::App> makeCommandLine(ExitCode* result)
                 "Each command has a help of its own: vantrel render --help");
     addRenderCommand(*app, result);
     addListCommand(*app, result);
+    addRecordsCommand(*app, result);
     addSchemaCommand(*app, result);
     return app;
 }

@@ -12,6 +12,7 @@ namespace vantrel::tool {
 
 void addRenderCommand(CLI::App& app, ExitCode* result);
 void addListCommand(CLI::App& app, ExitCode* result);
+void addRecordsCommand(CLI::App& app, ExitCode* result);
 void addSchemaCommand(CLI::App& app, ExitCode* result);
 
 } // namespace vantrel::tool

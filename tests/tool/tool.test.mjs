@@ -34,6 +34,13 @@ const files = {
     'data.json': '{"data": {"version": 3, "custom": {"report": {"metric": {"cpu": 77.5}}}, ' +
         '"applicationDetails": {"exeName": "b.out", "processes": {"plain": 2}}}}',
 };
+const declared = { a: ['Double', 'B', 'A, "b"'], n: ['Double', '%', 'N'], s: ['String', null, 'S'],
+    'applicationDetails.hostMemory.plain': ['DoubleWithPrecision', 'B', 'M'] };
+files['run.json'] = JSON.stringify({
+    metricData: Object.fromEntries(Object.entries(declared).map(([id, [type, units, displayName]]) =>
+        [id, { value: id, type, units, displayName }])),
+    data: { a: 2 ** 31, n: null, s: ' x\ny', applicationDetails: { hostMemory: { plain: { value: 2 ** 38, precision: 3 } } } },
+});
 for (const [name, text] of Object.entries(files)) {
     writeFileSync(join(folder, name), text);
 }
@@ -100,17 +107,28 @@ const cases = [
     [one + ' --dominant cpx', 1, nothing, '--dominant: error: metric "cpx" not recognised\n'],
 
     ['list good.xml', 0, /^Metrics\n {2}cpu {2}Double {2}% {2}CPU\n\n[^]*\n {2}s {2}2 {2}S\n[^]*\n {2}exeName +String /, ''],
+    ['records run.json', 0,
+        'run.json  com.corvane.a                       2    GiB  A, "b"\n' +
+        'run.json  com.corvane.application.hostMemory  256  GiB  M\n' +
+        'run.json  com.corvane.n                       nan  %    N\n' +
+        'run.json  com.corvane.s                       x y       S\n', ''],
+    ['records run.json run.json --format csv', 0,
+        /^file,id,value,units,displayName\nrun\.json,com\.corvane\.a,2,GiB,"A, ""b"""\n[^]*," x\ny",,S\nrun\.json,/, ''],
+    ['records run.json --format ndjson', 0, /^(\{.*"value":(2|256|null|" x\\ny")\}\n){4}$/, ''],
+    ['records run.json malformed.json nowhere.json run.json --format json', 3, /^\[\n(\{.*\},\n){7}\{.*\}\n\]\n$/,
+        'malformed.json: error: malformed JSON input\nnowhere.json: error: Unable to open file nowhere.json\n'],
     ['schema', 0, /^<\?xml [^]*<xs:schema /, ''],
     ['schema --catalog', 0, /uri="file:\/\/\/.*\/share\/vantrel\/validation\.xsd"/, ''],
 ];
 for (const [args, code, out, err] of cases) {
     test(`vantrel ${args}`, () => {
         const result = run(args.split(' ').filter(Boolean));
-        assert.match(result.out, out);
-        if (err instanceof RegExp) {
-            assert.match(result.err, err);
-        } else {
-            assert.equal(result.err, err);
+        for (const [actual, expected] of [[result.out, out], [result.err, err]]) {
+            if (expected instanceof RegExp) {
+                assert.match(actual, expected);
+            } else {
+                assert.equal(actual, expected);
+            }
         }
         assert.equal(result.code, code);
     });
