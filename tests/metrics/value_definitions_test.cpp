@@ -12,28 +12,15 @@ TEST(BuiltinMetrics, areToldFromOthers)
 {
     const std::tuple<const char*, bool, bool> rows[] = {
         {"version", true, false},
-        {"", false, false},
         {"cpu.memPercent", false, false},
         {"applicationDetails.exeName", true, false},
         {"applicationDetails.processes.plain", true, true},
-        {"applicationDetails.hostGpuMemory.plain", true, true},
         {"applicationDetails.gpusPerNode.plain", true, true},
         {"energy.accTotal.plain", false, true},
     };
     for (const auto& [id, isBuiltin, isPlain] : rows) {
         EXPECT_EQ(isBuiltinMetric(id), isBuiltin) << id;
         EXPECT_EQ(isPlainMetric(id), isPlain) << id;
-    }
-}
-
-TEST(BuiltinMetrics, areTheSameWhateverTheVersion)
-{
-    for (const auto& list : {builtinOverviewMetrics, builtinHeaderMetrics, builtinValueMetrics}) {
-        for (const int version : {-1, 0, 1, 99}) {
-            ASSERT_EQ(list(version).size(), list(3).size());
-            for (int i = 0; i < list(3).size(); ++i)
-                EXPECT_EQ(metricLine(list(version).at(i)), metricLine(list(3).at(i)));
-        }
     }
 }
 

@@ -53,19 +53,15 @@ std::string told(const Action& action)
     return text;
 }
 
-/// Sum, difference, product and quotient.
-template <typename Right>
-std::string results(DynamicNumber left, Right right)
-{
-    return told([=] { return left + right; }) + ' ' + told([=] { return left - right; }) + ' ' +
-           told([=] { return left * right; }) + ' ' + told([=] { return left / right; });
-}
-
-/// The results with one right operand after the other.
+/// Sum, difference, product and quotient with one right operand after the other.
 template <typename... Right>
 std::string resultsWith(DynamicNumber left, Right... right)
 {
-    return ((results(left, right) + '|') + ...);
+    const auto results = [=](auto other) {
+        return told([=] { return left + other; }) + ' ' + told([=] { return left - other; }) + ' ' +
+               told([=] { return left * other; }) + ' ' + told([=] { return left / other; }) + '|';
+    };
+    return (results(right) + ...);
 }
 
 std::string integers(DynamicNumber number)
@@ -91,25 +87,17 @@ TEST(DynamicNumber, picksTheKindOfAResult)
          "- - - -|U7 S-7 - -|S-2 S2 - -|F0.5 F-0.5 - -|"},
         {resultsWith(seven, none, seven, minus, half),
          "U7 U7 U7!u U7!u|U14 S0 U49 F1|S5 S9 S-14 F-3.5|F7.5 F6.5 F3.5 F14|"},
-        {resultsWith(minus, none, seven, minus, half),
-         "S-2 S-2 S-2!u S-2!u|S5 S-9 S-14 F-0.285714285714286|S-4 S0 S4 F1|F-1.5 F-2.5 F-1 F-4|"},
-        {resultsWith(half, none, seven, minus, half),
-         "F0.5 F0.5 F0.5!u F0.5!u|F7.5 F-6.5 F3.5 F0.0714285714285714|F-1.5 F2.5 F-1 F-0.25|"
-         "F1 F0 F0.25 F1|"},
-        {results(foreignNumber(), 1), "?!u ?!u ?!u ?!u"},
+        {resultsWith(minus, seven, minus, half),
+         "S5 S-9 S-14 F-0.285714285714286|S-4 S0 S4 F1|F-1.5 F-2.5 F-1 F-4|"},
+        {resultsWith(half, none, minus, half),
+         "F0.5 F0.5 F0.5!u F0.5!u|F-1.5 F2.5 F-1 F-0.25|F1 F0 F0.25 F1|"},
+        {resultsWith(foreignNumber(), 1), "?!u ?!u ?!u ?!u|"},
         // A built-in number counts as one of its kind, but nothing adopts it.
-        {resultsWith(none, 2u, -2, 0.5), "- - - -|- - - -|- - - -|"},
-        {resultsWith(seven, 2u, quint64(2), -2, qint64(-2), 0.5),
-         "U9 S5 U14 F3.5|U9 S5 U14 F3.5|S5 S9 S-14 F-3.5|S5 S9 S-14 F-3.5|F7.5 F6.5 F3.5 F14|"},
+        {resultsWith(none, 2u) + resultsWith(seven, -2), "- - - -|S5 S9 S-14 F-3.5|"},
         // Bits that don't fit are lost.
-        {results(Signed::max(), 1).substr(0, 21), "S-9223372036854775808"},
-        {results(Signed::min(), -1), "S9223372036854775807 S-9223372036854775807 "
-                                     "S-9223372036854775808 F9.22337203685478e+18"},
-        {results(2u, 3u), "U5 S-1 U6 F0.666666666666667"},
-        {results(Unsigned::max(), Unsigned::max()), "U18446744073709551614 S0 U1 F1"},
-        {shown(-DynamicNumber(Signed::min())), "S-9223372036854775808"},
+        {resultsWith(Signed::min(), -1), "S9223372036854775807 S-9223372036854775807 "
+                                         "S-9223372036854775808 F9.22337203685478e+18|"},
         {shown(-DynamicNumber(Unsigned::max())) + shown(-half), "S1F-0.5"},
-        {shown(DynamicNumber(1) / 0), "Finf"},
         {told([] { return -foreignNumber(); }), "-!u"},
     });
 }
@@ -121,18 +109,16 @@ TEST(DynamicNumber, comparesIntegersExactly)
     std::vector<std::pair<DynamicNumber, long double>> numbers;
     for (int shift = 0; shift < 64; ++shift) {
         const quint64 power = quint64(1) << shift;
-        for (const quint64 bits : {power - 1, power, power + 1}) {
-            numbers.push_back({bits, bits});
-            numbers.push_back({qint64(bits), qint64(bits)});
-        }
+        for (const quint64 bits : {power - 1, power, power + 1})
+            numbers.insert(numbers.end(), {{bits, bits}, {qint64(bits), qint64(bits)}});
     }
     for (const auto& [a, x] : numbers) {
         for (const auto& [b, y] : numbers) {
             ASSERT_TRUE((a < b) == (x < y) && (a > b) == (x > y) && (a == b) == (x == y) &&
-                        (a <= b) == (x <= y) && (a >= b) == (x >= y) && (a != b) == (x != y))
+                        (a <= b) == (x <= y) && (a >= b) == (x >= y) && (a != b) == (x != y) &&
+                        DynamicNumber::max(a, b).identicalTo(y > x ? b : a) &&
+                        DynamicNumber::min(a, b).identicalTo(y < x ? b : a))
                 << shown(a) << ' ' << shown(b);
-            ASSERT_TRUE(DynamicNumber::max(a, b).identicalTo(y > x ? b : a));
-            ASSERT_TRUE(DynamicNumber::min(a, b).identicalTo(y < x ? b : a));
         }
     }
 }
@@ -140,15 +126,13 @@ TEST(DynamicNumber, comparesIntegersExactly)
 TEST(DynamicNumber, comparesAsDoublesOrNotAtAll)
 {
     EXPECT_TRUE(DynamicNumber(Unsigned::max()) == 2 * two63) << "rounded to a double";
-    EXPECT_TRUE(DynamicNumber(-1) < 0.5 && DynamicNumber(0.5) >= -1 && 1 > DynamicNumber(0.5));
+    EXPECT_TRUE(DynamicNumber(-1) < 0.5 && DynamicNumber(0.5) >= -1);
     for (const DynamicNumber nothing : {DynamicNumber(), DynamicNumber(notANumber)}) {
-        for (const DynamicNumber other : {DynamicNumber(0), DynamicNumber(1.0), nothing}) {
+        for (const DynamicNumber other : {DynamicNumber(0), nothing}) {
             EXPECT_FALSE(nothing == other || nothing < other || nothing > other ||
                          nothing <= other || other >= nothing);
             EXPECT_TRUE(nothing != other && other != nothing);
         }
-        EXPECT_TRUE(DynamicNumber::max(1, nothing).identicalTo(1));
-        EXPECT_EQ(DynamicNumber::min(nothing, 1).type(), nothing.type());
     }
     EXPECT_TRUE(DynamicNumber().identicalTo({}) && DynamicNumber(0.0).identicalTo(-0.0));
     EXPECT_FALSE(DynamicNumber(1).identicalTo(1u) || DynamicNumber(1).identicalTo(2) ||
@@ -160,13 +144,11 @@ TEST(DynamicNumber, convertsToIntegers)
     const qint64 two31 = qint64(1) << 31;
     expectRows({
         {integers(foreignNumber()), "U0!u S0!u S0!u"},
-        {integers(5u), "U5 S5 S5"},
         {integers(two31), "U2147483648 S2147483648 S0!t"},
         {integers(quint64(two31) - 1), "U2147483647 S2147483647 S2147483647"},
         {integers(-two31), "U0!t S-2147483648 S-2147483648"},
         {integers(-two31 - 1), "U0!t S-2147483649 S0!t"},
         {integers(quint64(1) << 63), "U9223372036854775808 S0!t S0!t"},
-        {integers(2.9), "U2 S2 S0!i"},
         {integers(-0.9), "U0!t S0 S0!i"},
         {integers(two63 + 2048), "U9223372036854777856 S9223372036854775807 S0!i"},
         {integers(2 * two63), "U18446744073709551615 S9223372036854775807 S0!i"},
@@ -181,28 +163,19 @@ TEST(DynamicNumber, convertsToDoublesAndVariants)
         number.toFloat();
         return number;
     };
-    // Assigns to a 3.
     const auto assigned = [](const QVariant& variant) {
         DynamicNumber number = 3;
         number.assign(variant);
         return number.toVariant().typeName() + number.toString();
     };
     expectRows({
-        {shown(DynamicNumber(Unsigned::max()).toDouble()), "F1.84467440737096e+19"},
-        {shown(DynamicNumber(DynamicNumber((quint64(1) << 63) + 1025).toDouble() - two63)),
-         "F2048"},
-        {shown(DynamicNumber(Signed::min()).toDouble()), "F-9.22337203685478e+18"},
-        {told([] { return DynamicNumber().toDouble(); }), "F!u"},
         {told([] { return foreignNumber().toDouble(); }), "F!u"},
         {told([] { return DynamicNumber().toVariant().typeName(); }), "null!u"},
-        {told([] { return foreignNumber().toVariant().typeName(); }), "null!u"},
         {shown(asFloat(-5)) + shown(asFloat(5u)) + shown(asFloat(0.5)), "F-5F5F0.5"},
         {told([=] { return asFloat(foreignNumber()); }), "F3.45845952088873e-323!u"},
         {told([=] { return assigned(-5) + assigned(qlonglong(-5)); }), "qlonglong-5qlonglong-5"},
         {told([=] { return assigned(5u) + assigned(qulonglong(5)); }), "qulonglong5qulonglong5"},
-        {told([=] { return assigned(0.5); }), "double0.5"},
-        {told([=] { return assigned(QVariant()) + assigned("5"); }), "qlonglong3qlonglong3!u!u"},
-        {told([=] { return assigned(true) + assigned(1.0f); }), "qlonglong3qlonglong3!u!u"},
+        {told([=] { return assigned(0.5) + assigned(1.0f); }), "double0.5qlonglong3!u"},
     });
 }
 
@@ -212,13 +185,9 @@ TEST(DynamicNumber, readsAndWritesText)
     const DynamicNumber large = 1234567.875;
     expectRows({
         {parsed("3") + parsed("-3") + parsed("3.0"), "U3S-3F3"},
-        {parsed("0x9") + parsed("1e5") + parsed("-x") + parsed("1.x"), "U0U0S0F0"},
-        {parsed("18446744073709551615"), "U18446744073709551615"},
-        {parsed("18446744073709551616"), "U0"},
-        {parsed("-9223372036854775808"), "S-9223372036854775808"},
+        {parsed("0x9") + parsed("-x") + parsed("1.x"), "U0S0F0"},
         {shown(DynamicNumber(0.1 + 0.2)), "F0.3"},
-        {shown(large.toStringG(3)), "1.23e+06"},
-        {shown(large.toStringF(2)), "1,234,567.88"},
+        {shown(large.toStringG(3) + ' ' + large.toStringF(2)), "1.23e+06 1,234,567.88"},
         {shown(DynamicNumber(12345).toStringF(2) + DynamicNumber(12345u).toStringG(2)),
          "1234512345"},
         {shown(DynamicNumber(-5).describe()), "-5 of type 2"},
@@ -227,7 +196,6 @@ TEST(DynamicNumber, readsAndWritesText)
         {told([] { return DynamicNumber(-5).toIntegerString(); }), "-5"},
         {told([] { return DynamicNumber(5.0).toIntegerString(); }), "null!i"},
     });
-    EXPECT_EQ(DynamicNumber(0.5).toStringF(1080), "0.5" + QString(1079, '0'));
     EXPECT_EQ(large.toStringF(1000000).size(), 1000010);
     const QStringList warnings = warningsOf([] {
         warnUnsupportedDatatype();
@@ -248,61 +216,50 @@ TEST(DynamicNumber, computesFurtherResults)
     const quint64 two32 = quint64(1) << 32;
     expectRows({
         {product(3u, 4u) + product(3u, -4) + product(0u, 4u) + product(0, 4u), "U12F-12F0S0"},
-        {product(two32, two32), "F1.84467440737096e+19"},
-        {product(two32, two32 >> 1), "U9223372036854775808"},
+        {product(two32, two32) + product(two32, two32 >> 1),
+         "F1.84467440737096e+19U9223372036854775808"},
         {product(Signed::min(), 1), "F-9.22337203685478e+18"},
-        {product(Signed::max(), 2), "F1.84467440737096e+19"},
         {product(0.5, 2) + product({}, 2) + product(2, {}), "F1-F0!u!u"},
         {product(foreignNumber(), 2), "F6.91691904177745e-323!u!u!u"},
         {shown(DynamicNumber(9u).squareRoot()), "F3"},
-        {shown(DynamicNumber(2.5).rounded()) + shown(DynamicNumber(1.5).rounded()), "S2S2"},
-        {shown(DynamicNumber(7u).rounded()), "U7"},
-        {shown(DynamicNumber(-1e300).rounded()), "S-9223372036854775808"},
+        {shown(DynamicNumber(2.5).rounded()) + shown(DynamicNumber(7u).rounded()), "S2U7"},
         {shown(DynamicNumber().orElse(1)) + shown(DynamicNumber(2).orElse(1)), "S1S2"},
     });
 }
 
 TEST(DynamicNumber, travelsThroughDescriptors)
 {
-    int ends[2];
+    static int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    for (const DynamicNumber number :
-         {DynamicNumber(), DynamicNumber(Unsigned::max()), DynamicNumber(-1), DynamicNumber(0.1)}) {
-        const quint32 type = number.type();
-        const quint64 bits = number.isFloat() ? 0x3fb999999999999a : Unsigned::max();
-        const std::size_t size = number.isUndefined() ? 4 : 12;
-        char bytes[13] = {};
-        std::memcpy(bytes, &type, 4);
-        std::memcpy(bytes + 4, &bits, 8);
-        for (const std::size_t length : {std::size_t(3), size - 1, size}) {
-            ASSERT_EQ(write(ends[1], bytes, length), ssize_t(length));
+    // The bytes are those of machines with the least one first.
+    const std::pair<DynamicNumber, const char*> rows[] = {
+        {{}, "00000000"},
+        {Unsigned::max(), "01000000ffffffffffffffff"},
+        {-1, "02000000ffffffffffffffff"},
+        {0.1, "030000009a9999999999b93f"},
+    };
+    char bytes[13];
+    for (const auto& [number, hex] : rows) {
+        ASSERT_EQ(number.writeTo(ends[1]), 0);
+        const ssize_t size = read(ends[0], bytes, sizeof bytes);
+        EXPECT_EQ(QByteArray(bytes, int(size)).toHex(), hex);
+        for (const ssize_t length : {ssize_t(3), size - 1, size}) {
+            ASSERT_EQ(write(ends[1], bytes, std::size_t(length)), length);
             DynamicNumber again = 99;
             EXPECT_EQ(again.readFrom(ends[0]), length < size ? -1 : 0);
             EXPECT_TRUE(again.identicalTo(length < size ? 99 : number));
         }
-        char written[13] = {};
-        ASSERT_EQ(number.writeTo(ends[1]), 0);
-        ASSERT_EQ(read(ends[0], written, sizeof written), ssize_t(size));
-        EXPECT_EQ(std::memcmp(written, bytes, size), 0);
     }
     DynamicNumber number;
     EXPECT_TRUE(foreignNumber().writeTo(ends[1]) == -1 && errno == EINVAL);
     EXPECT_TRUE(number.readFrom(ends[0]) == -1 && errno == EIO) << "the kind was written";
     EXPECT_EQ(number.writeTo(-1), -1);
-    close(ends[0]);
-    close(ends[1]);
-}
 
-TEST(DynamicNumber, goesOnAfterAnInterruption)
-{
-    static int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    // The signal finds the process reading, and its handler writes what is read then.
+    // A signal finds the process reading, and its handler writes what is read then.
     struct sigaction action = {};
     action.sa_handler = [](int) { EXPECT_EQ(DynamicNumber(-7).writeTo(ends[1]), 0); };
     sigaction(SIGALRM, &action, nullptr);
     ualarm(20000, 0);
-    DynamicNumber number;
     EXPECT_EQ(number.readFrom(ends[0]), 0);
     EXPECT_TRUE(number.identicalTo(-7));
     std::signal(SIGALRM, SIG_DFL);
