@@ -10,7 +10,6 @@
 #include <cstring>
 #include <limits>
 #include <unistd.h>
-#include <vector>
 
 using namespace vantrel;
 
@@ -72,16 +71,19 @@ std::string integers(DynamicNumber number)
 
 void expectRows(std::initializer_list<std::pair<std::string, const char*>> rows)
 {
-    int index = 0;
     for (const auto& [text, expected] : rows)
-        EXPECT_EQ(text, expected) << "row " << ++index;
+        EXPECT_EQ(text, expected);
 }
 
 } // namespace
 
-TEST(DynamicNumber, picksTheKindOfAResult)
+TEST(DynamicNumber, picksTheKindsOfResults)
 {
     const DynamicNumber none, seven = 7u, minus = -2, half = 0.5;
+    const auto product = [](DynamicNumber a, DynamicNumber b) {
+        return told([=] { return DynamicNumber::multiplyChecked(a, b); });
+    };
+    const quint64 two32 = quint64(1) << 32;
     expectRows({
         {resultsWith(none, none, seven, minus, half),
          "- - - -|U7 S-7 - -|S-2 S2 - -|F0.5 F-0.5 - -|"},
@@ -99,25 +101,35 @@ TEST(DynamicNumber, picksTheKindOfAResult)
                                          "S-9223372036854775808 F9.22337203685478e+18|"},
         {shown(-DynamicNumber(Unsigned::max())) + shown(-half), "S1F-0.5"},
         {told([] { return -foreignNumber(); }), "-!u"},
+        {product(3u, 4u) + product(3u, -4) + product(0u, 4u) + product(0, 4u), "U12F-12F0S0"},
+        {product(two32, two32) + product(two32, two32 >> 1),
+         "F1.84467440737096e+19U9223372036854775808"},
+        {product(Signed::min(), 1), "F-9.22337203685478e+18"},
+        {product(0.5, 2) + product({}, 2) + product(2, {}), "F1-F0!u!u"},
+        {product(foreignNumber(), 2), "F6.91691904177745e-323!u!u!u"},
+        {shown(DynamicNumber(9u).squareRoot()), "F3"},
+        {shown(DynamicNumber(2.5).rounded()) + shown(DynamicNumber(7u).rounded()), "S2U7"},
+        {shown(DynamicNumber().orElse(1)) + shown(DynamicNumber(2).orElse(1)), "S1S2"},
     });
 }
 
 TEST(DynamicNumber, comparesIntegersExactly)
 {
-    // A long double holds every 64-bit integer.
-    static_assert(std::numeric_limits<long double>::digits >= 64);
-    std::vector<std::pair<DynamicNumber, long double>> numbers;
-    for (int shift = 0; shift < 64; ++shift) {
-        const quint64 power = quint64(1) << shift;
-        for (const quint64 bits : {power - 1, power, power + 1})
-            numbers.insert(numbers.end(), {{bits, bits}, {qint64(bits), qint64(bits)}});
-    }
-    for (const auto& [a, x] : numbers) {
-        for (const auto& [b, y] : numbers) {
-            ASSERT_TRUE((a < b) == (x < y) && (a > b) == (x > y) && (a == b) == (x == y) &&
-                        (a <= b) == (x <= y) && (a >= b) == (x >= y) && (a != b) == (x != y) &&
-                        DynamicNumber::max(a, b).identicalTo(y > x ? b : a) &&
-                        DynamicNumber::min(a, b).identicalTo(y < x ? b : a))
+    const quint64 two53 = quint64(1) << 53;
+    const quint64 end = Signed::max();
+    // In order. Numbers of the same text are equal.
+    const DynamicNumber numbers[] = {
+        Signed::min(),  -1, 0, 0u, two53, qint64(two53), two53 + 1, Signed::max(), end, end + 1,
+        Unsigned::max()};
+    for (const DynamicNumber& a : numbers) {
+        for (const DynamicNumber& b : numbers) {
+            const bool isSame = a.toString() == b.toString();
+            const bool isLess = &a < &b && !isSame;
+            const bool isGreater = &a > &b && !isSame;
+            EXPECT_TRUE((a < b) == isLess && (a > b) == isGreater && (a == b) == isSame &&
+                        (a <= b) != isGreater && (a >= b) != isLess && (a != b) != isSame &&
+                        DynamicNumber::max(a, b).identicalTo(isLess ? b : a) &&
+                        DynamicNumber::min(a, b).identicalTo(isGreater ? b : a))
                 << shown(a) << ' ' << shown(b);
         }
     }
@@ -139,9 +151,18 @@ TEST(DynamicNumber, comparesAsDoublesOrNotAtAll)
                  DynamicNumber(notANumber).identicalTo(notANumber));
 }
 
-TEST(DynamicNumber, convertsToIntegers)
+TEST(DynamicNumber, convertsToOtherTypes)
 {
     const qint64 two31 = qint64(1) << 31;
+    const auto asFloat = [](DynamicNumber number) {
+        number.toFloat();
+        return number;
+    };
+    const auto assigned = [](const QVariant& variant) {
+        DynamicNumber number = 3;
+        number.assign(variant);
+        return number.toVariant().typeName() + number.toString();
+    };
     expectRows({
         {integers(foreignNumber()), "U0!u S0!u S0!u"},
         {integers(two31), "U2147483648 S2147483648 S0!t"},
@@ -154,21 +175,6 @@ TEST(DynamicNumber, convertsToIntegers)
         {integers(2 * two63), "U18446744073709551615 S9223372036854775807 S0!i"},
         {integers(-2 * two63), "U0!t S-9223372036854775808 S0!i"},
         {integers(notANumber), "U0 S0 S0!i"},
-    });
-}
-
-TEST(DynamicNumber, convertsToDoublesAndVariants)
-{
-    const auto asFloat = [](DynamicNumber number) {
-        number.toFloat();
-        return number;
-    };
-    const auto assigned = [](const QVariant& variant) {
-        DynamicNumber number = 3;
-        number.assign(variant);
-        return number.toVariant().typeName() + number.toString();
-    };
-    expectRows({
         {told([] { return foreignNumber().toDouble(); }), "F!u"},
         {told([] { return DynamicNumber().toVariant().typeName(); }), "null!u"},
         {shown(asFloat(-5)) + shown(asFloat(5u)) + shown(asFloat(0.5)), "F-5F5F0.5"},
@@ -186,13 +192,11 @@ TEST(DynamicNumber, readsAndWritesText)
     expectRows({
         {parsed("3") + parsed("-3") + parsed("3.0"), "U3S-3F3"},
         {parsed("0x9") + parsed("-x") + parsed("1.x"), "U0S0F0"},
-        {shown(DynamicNumber(0.1 + 0.2)), "F0.3"},
         {shown(large.toStringG(3) + ' ' + large.toStringF(2)), "1.23e+06 1,234,567.88"},
         {shown(DynamicNumber(12345).toStringF(2) + DynamicNumber(12345u).toStringG(2)),
          "1234512345"},
-        {shown(DynamicNumber(-5).describe()), "-5 of type 2"},
-        {shown(DynamicNumber().describe()), "<undefined> of type 0"},
-        {shown(foreignNumber().describe()), "<unknown> of type 4"},
+        {shown(DynamicNumber().describe() + ", " + foreignNumber().describe()),
+         "<undefined> of type 0, <unknown> of type 4"},
         {told([] { return DynamicNumber(-5).toIntegerString(); }), "-5"},
         {told([] { return DynamicNumber(5.0).toIntegerString(); }), "null!i"},
     });
@@ -206,25 +210,6 @@ TEST(DynamicNumber, readsAndWritesText)
     });
     EXPECT_EQ(warnings.join('|'), "unsupported datatype|type conversion would overflow|"
                                   "invalid type conversion|empy operand|50%s");
-}
-
-TEST(DynamicNumber, computesFurtherResults)
-{
-    const auto product = [](DynamicNumber a, DynamicNumber b) {
-        return told([=] { return DynamicNumber::multiplyChecked(a, b); });
-    };
-    const quint64 two32 = quint64(1) << 32;
-    expectRows({
-        {product(3u, 4u) + product(3u, -4) + product(0u, 4u) + product(0, 4u), "U12F-12F0S0"},
-        {product(two32, two32) + product(two32, two32 >> 1),
-         "F1.84467440737096e+19U9223372036854775808"},
-        {product(Signed::min(), 1), "F-9.22337203685478e+18"},
-        {product(0.5, 2) + product({}, 2) + product(2, {}), "F1-F0!u!u"},
-        {product(foreignNumber(), 2), "F6.91691904177745e-323!u!u!u"},
-        {shown(DynamicNumber(9u).squareRoot()), "F3"},
-        {shown(DynamicNumber(2.5).rounded()) + shown(DynamicNumber(7u).rounded()), "S2U7"},
-        {shown(DynamicNumber().orElse(1)) + shown(DynamicNumber(2).orElse(1)), "S1S2"},
-    });
 }
 
 TEST(DynamicNumber, travelsThroughDescriptors)

@@ -109,6 +109,7 @@ TEST(FitUnits, givesUnitsAndFactor)
         {"cores/node", 2000, 0, "k cores/node", 1000},
         {"a/b/c", 5, 0, "", 1},
         {"a%2/b", 5, 0, "a%2/b", 1},
+        {"joules", 1, 0, "Joule", 1},
         {"byte", 1 + 1e-13, 0, "byte", 1},
         {"byte", 1 + 1e-11, 0, "bytes", 1},
         {"seconds", 0.001, 0, "milliseconds", 0.001},
