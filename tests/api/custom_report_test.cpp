@@ -1,5 +1,6 @@
 #include "api/test_report.h"
 
+#include <QJsonDocument>
 #include <QTextCodec>
 
 #include <cmath>
@@ -13,7 +14,6 @@ TEST(CustomReport, setsValuesOfCallers)
     const std::tuple<const char*, QVariant, int, QString> rows[] = {
         {"a.b", std::nan(""), 0, "custom.report.metric.a.b"},
         {"custom.report.metric.text", "\xE2\x82\xAC", 0, "custom.report.metric.text"},
-        {"custom.report.summary.late.advice", "x", 0, "custom.report.summary.late.advice"},
         {"text", 1.0, 10, "expected type \"String\" for metric \"custom.report.metric.text\""},
         {"known", 1.0, 4, "unknown metric: \"custom.report.metric.known\""},
     };
@@ -54,10 +54,9 @@ TEST(CustomReport, declaresUnknownMetricsIfTold)
     Report report;
     EXPECT_EQ(report.setMetricValue("new.one", 7, DeclareUnknown), 0);
     EXPECT_EQ(report.setMetricValue("new.one", 8, RejectUnknown), 0);
-    EXPECT_EQ(report.metricValue("new.one"), QVariant(8));
     report.fill();
     EXPECT_EQ(report.generate(), 0);
-    EXPECT_EQ(report.document()["data"]["new"]["one"].toInt(), 8);
+    EXPECT_EQ(QJsonDocument::fromJson(report.bytes)["data"]["new"]["one"].toInt(), 8);
     EXPECT_EQ(report.told(report.setMetricValue("new.one", 1.0, DeclareUnknown)),
               "10 expected type \"Integer\" for metric \"new.one\"");
 }

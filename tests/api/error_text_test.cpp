@@ -63,6 +63,4 @@ TEST(ErrorText, cutsOffWhatIsTooLong)
     vantrel::CustomReport report(nullptr);
     report.setError("%s%d", letters.substr(2).c_str(), 1234);
     EXPECT_EQ(report.errorMessage(), letters.substr(2) + "12");
-    report.setError("%s", "%d");
-    EXPECT_STREQ(report.errorMessage(), "%d") << "arguments are no formats";
 }

@@ -2,9 +2,6 @@
 
 #include "api/custom_report.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -31,7 +28,6 @@ struct Report : CustomReport {
     QString value(const char* id) const { return metricValue(id).toString(); }
     int set(const char* id, const QVariant& value) { return setValueFromCaller(id, value); }
     int generate() { return generateReport(&bytes, ReportOutputKind::Json); }
-    QJsonValue document() const { return QJsonDocument::fromJson(bytes).object(); }
     /// The five texts of "bound1" or "bound2".
     std::string bound(const char* key) const
     {
