@@ -2,10 +2,6 @@
    before: the calls tell it or do without. A valid definition isn't explained for it. */
 #define _GNU_SOURCE
 #include "failing_malloc.h"
-#include "host.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 static vantrel* filled;
 static char* expected;
@@ -30,31 +26,10 @@ static int try_write(void)
     return code != VANTREL_OK;
 }
 
-/* Crashes inside of libxml2 are its own and not counted. */
 static void try_all(char const* name, int (*call)(void), long last, long step)
 {
-    int told = 0;
-    int ended = 0;
-    for (long allocation = 1; allocation <= last; allocation += step) {
-        int status = 0;
-        pid_t const child = fork();
-        if (child == 0) {
-            alarm(20);
-            failures = 0;
-            countdown = allocation;
-            int const isTold = call();
-            _exit(failures ? 2 : isTold);
-        }
-        waitpid(child, &status, 0);
-        told += WIFEXITED(status) && WEXITSTATUS(status) == 1;
-        ended += !WIFEXITED(status);
-        if (WIFEXITED(status) && WEXITSTATUS(status) == 2) {
-            fprintf(stderr, "%s: allocation %ld\n", name, allocation);
-            ++failures;
-        }
-    }
-    printf("%s: %d told, %d ended in libraries\n", name, told, ended);
-    CHECK(told > 10);
+    int ended;
+    CHECK(number_told(name, call, last, step, &ended) > 10);
     CHECK(ended <= last / step / 20);
 }
 

@@ -6,14 +6,13 @@
 #include <errno.h>
 #include <pthread.h>
 #include <spawn.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 static int counted = 0;
-static int isMade =
-    0; /* whether there is an application object, which has a descriptor of its own */
+/* Whether there is an application object, which has a descriptor of its own. */
+static int isMade = 0;
 
 static int count(void)
 {
@@ -43,10 +42,7 @@ static char const* const texts[] = {
     "<report " NAMESPACE " name=\"r\"><x/></report>",
     "<report " NAMESPACE " name=\"r\">",
     "<!DOCTYPE report SYSTEM \"http://127.0.0.1/x.dtd\"><report " NAMESPACE " name=\"r\"/>",
-    "<!DOCTYPE report [<!ENTITY e SYSTEM \"file:///etc/passwd\">]>"
-    "<report " NAMESPACE " name=\"r\">&e;</report>",
     "<report " NAMESPACE " name=\"r\" " SCHEMA "\"urn:x http://127.0.0.1/x.xsd\"/>",
-    "<report " NAMESPACE " name=\"r\" " SCHEMA "\"urn:x file:///etc/passwd\"/>",
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><report " NAMESPACE
     " name=\"\xE9\"><x/></report>",
 };
@@ -56,25 +52,7 @@ static void check_refusal(char const* text, char const* words)
     vantrel* const report = vantrel_create(text);
     char const* const message = vantrel_error_message(report);
     CHECK(message && strstr(message, words));
-    if (message && !strstr(message, words))
-        fprintf(stderr, "%s\n", message);
     vantrel_free(report);
-}
-
-static void allow_descriptors(int allowed)
-{
-    struct rlimit limit;
-    getrlimit(RLIMIT_NOFILE, &limit);
-    limit.rlim_cur = allowed ? limit.rlim_max : 0;
-    setrlimit(RLIMIT_NOFILE, &limit);
-}
-
-/* With no descriptor left the module can't be opened, but the refusal comes all the same. */
-static void check_without_descriptors(char const* words)
-{
-    allow_descriptors(0);
-    check_refusal(texts[0], words);
-    allow_descriptors(1);
 }
 
 int main(int argc, char** argv)
@@ -86,11 +64,16 @@ int main(int argc, char** argv)
     vantrel_free(vantrel_create(definition));
     isMade = 1;
     int const descriptors = entries_of("/proc/self/fd");
-    check_without_descriptors("module explainer.so can't be opened");
+    /* With no descriptor left the module can't be opened, but the refusal comes all the same. */
+    allow_descriptors(0);
+    check_refusal(texts[0], "module explainer.so can't be opened");
+    allow_descriptors(1);
     for (size_t i = 0; i < sizeof texts / sizeof *texts; ++i)
         check_refusal(texts[i], hasModule ? "memory:definition at line 1 column "
                                           : "module explainer.so can't be opened");
-    check_without_descriptors(hasModule ? "x is not defined" : "can't be opened");
+    allow_descriptors(0);
+    check_refusal(texts[0], hasModule ? "x is not defined" : "can't be opened");
+    allow_descriptors(1);
     CHECK(counted == 0);
     CHECK(entries_of("/proc/self/fd") == descriptors);
     CHECK(entries_of("/proc/self/task") == 3);
