@@ -2,7 +2,6 @@
 #include "definition/schema/schema_documents.h"
 
 #include <QRegularExpression>
-#include <QTcpServer>
 #include <QTemporaryDir>
 
 #include <libxml/parser.h>
@@ -13,52 +12,39 @@ using namespace vantrel::report;
 
 namespace {
 
-/// One random change of an attribute, an element, a tag or a few characters.
+/// One random change of an attribute, a name, an element or a few characters.
 QByteArray mutated(const QByteArray& xml, std::mt19937& random)
 {
-    static const QRegularExpression attribute(" \\w+=\"[^\"]*\"");
-    static const QRegularExpression attributeName("(?<= )\\w+(?==\")");
-    static const QRegularExpression attributeValue("(?<==\")[^\"]*");
-    static const QRegularExpression element("<(\\w+)[^<>]*(/>|>[^<>]*</\\1>)");
-    static const QRegularExpression name("(?<=[</ ])\\w+(?=[ =>/])");
-    static const QStringList values =
+    static const QStringList kinds = {R"( \w+="[^"]*")", R"((?<==")[^"]*)",
+                                      R"((?<=[</ ])\w+(?=[ =>/]))",
+                                      R"(<(\w+)[^<>]*(/>|>[^<>]*</\1>))"};
+    static const QStringList words =
         QString("| |1|-1|0|+7|1.5|1e3|.5|5.|true|TRUE|si| si |min|sum|2147483648|INF|a b| a "
                 "|a:b|1a|_|-a|é|metric|double|·a|a·|&#9;x|-0|007|&#x3b1;.|false|string|"
-                "99999999999999999999|+-1")
-            .split('|');
-    static const QStringList names =
-        QString("p|div|a|ul|li|pre|b|x|heading|entry|text|summary|order|id|units|spacer|source|"
-                "overwrite|type|requires|maxBarValue|maxAdviceStrings|machineReadableOnly|x:y")
+                "99999999999999999999|+-1|p|div|a|ul|li|pre|b|x|heading|entry|text|summary|order|"
+                "id|units|spacer|source|overwrite|type|requires|maxBarValue|maxAdviceStrings|"
+                "machineReadableOnly|x:y")
             .split('|');
     const auto pick = [&](const auto& list) {
         return list.at(int(random() % unsigned(list.size())));
     };
-    const QVector<QRegularExpression> kinds(
-        {attribute, attributeName, attributeValue, element, element, name});
-    const int kind = int(random() % unsigned(kinds.size()));
     QString text = QString::fromUtf8(xml);
     QVector<QRegularExpressionMatch> found;
-    for (auto it = kinds.at(kind).globalMatch(text); it.hasNext();)
+    for (auto it = QRegularExpression(pick(kinds)).globalMatch(text); it.hasNext();)
         found.append(it.next());
     const QRegularExpressionMatch one = pick(found);
+    const QString word = pick(words);
     const QString twice = one.captured() + pick(found).captured();
-    const QString value = pick(values);
-    const QString word = pick(names);
-    const QString newElement = '<' + word + '>' + value + "</" + word + '>';
-    const QStringList changes[] = {
-        {"", twice}, {word}, {value}, {"", twice}, {newElement, one.captured() + value}, {word}};
-    const QString change = pick(changes[kind]);
-    return text.replace(one.capturedStart(), one.capturedLength(), change).toUtf8();
+    const QStringList changes = {"", word, twice, '<' + word + "/>", one.captured() + word};
+    return text.replace(one.capturedStart(), one.capturedLength(), pick(changes)).toUtf8();
 }
 
 } // namespace
 
-TEST(SchemaAgreement, fetchesNothing)
+// The refusals among the hosts see to it that nothing is asked for over the network either.
+TEST(SchemaAgreement, readsNoOtherFile)
 {
     const QTemporaryDir folder;
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    const QString http = QString("http://127.0.0.1:%1/x.xsd").arg(server.serverPort());
     // Whoever reads the schema takes "x" for a valid root, and the entity is no markup.
     writeFile(folder.filePath("x.xsd"),
               "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
@@ -67,25 +53,23 @@ TEST(SchemaAgreement, fetchesNothing)
     const QByteArray comment = "<!-- xmlns=\"http://www.corvane.example/2016/CorvaneReports\" -->";
     const QByteArray files = QUrl::fromLocalFile(folder.path()).toEncoded();
     const QByteArray instance = "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:";
-    for (const QByteArray& address : {http.toUtf8(), files + "/x.xsd"}) {
-        const QByteArray schema = instance + "schemaLocation='urn:x " + address + "'";
-        const std::pair<QByteArray, bool> rows[] = {
-            {comment + "<x xmlns='urn:x' " + schema + "/>", false},
-            {document("<report ", "<report " + schema + ' '), true},
-            {document("<report ",
-                      "<report " + instance + "noNamespaceSchemaLocation='" + address + "' "),
-             true},
-            {document("<report ", "<report " + instance + "type='x' "), false},
-            {document("<report ", "<report " + instance + "nil='0' "), false},
-            {"<!DOCTYPE report SYSTEM '" + address + "'>" + document("", ""), true},
-            {"<!DOCTYPE report [<!ENTITY e SYSTEM '" + files + "/x.ent'>]>" + markup("&e;"), true},
-        };
-        for (const auto& [xml, isValid] : rows) {
-            EXPECT_FALSE(schemaAccepts(xml)) << xml.constData();
-            EXPECT_EQ(validate(xml).accepted, isValid) << xml.constData();
-        }
+    const QByteArray address = files + "/x.xsd";
+    const QByteArray schema = instance + "schemaLocation='urn:x " + address + "'";
+    const std::pair<QByteArray, bool> rows[] = {
+        {comment + "<x xmlns='urn:x' " + schema + "/>", false},
+        {document("<report ", "<report " + schema + ' '), true},
+        {document("<report ",
+                  "<report " + instance + "noNamespaceSchemaLocation='" + address + "' "),
+         true},
+        {document("<report ", "<report " + instance + "type='x' "), false},
+        {document("<report ", "<report " + instance + "nil='0' "), false},
+        {"<!DOCTYPE report SYSTEM '" + address + "'>" + document("", ""), true},
+        {"<!DOCTYPE report [<!ENTITY e SYSTEM '" + files + "/x.ent'>]>" + markup("&e;"), true},
+    };
+    for (const auto& [xml, isValid] : rows) {
+        EXPECT_FALSE(schemaAccepts(xml)) << xml.constData();
+        EXPECT_EQ(validate(xml).accepted, isValid) << xml.constData();
     }
-    EXPECT_FALSE(server.waitForNewConnection(0));
 }
 
 TEST(SchemaAgreement, leavesLibxmlAsTheHostHasIt)

@@ -32,44 +32,40 @@ TEST(SchemaValidation, acceptsAndRefusesWhatItShould)
     const auto entryWith = [&](const QByteArray& more) {
         return document(entry, QByteArray(entry).insert(6, ' ' + more));
     };
+    const QByteArray lenient =
+        QByteArray("<report xmlns=\"http://www.corvane.example/2016/CorvaneReports\" name='' "
+                   "logo='%' logoLink=''><reportMetrics><reportMetric id='a..b' type='string' "
+                   "units='' breakdownSubsection='gone' colour='no colour' source='metric'/>"
+                   "</reportMetrics><summary/><subsections><subsection id='s' heading='' "
+                   "overwrite=' 1 ' errorMetric='x' requires='!no such' maxAdviceStrings='0' "
+                   "order='-5'><entry reportMetric='gone' maxBarValue='-1.50' unitPrefix='iec' "
+                   "machineReadableOnly='1' group=''/></subsection></subsections></report>");
     const std::pair<QByteArray, bool> rows[] = {
+        {lenient, true},
         {document(" name=\"r\"", ""), false},
-        {document("name=\"r\"", "name='r' logo='%' logoLink=''"), true},
         {document("<summary>", "<summary overwrite='false'>"), false},
-        {document("<subsection ", "<subsection overwrite=' 1 ' "), true},
         {document("<summary>", "<x/><summary>"), false},
         {document("<heading>h</heading><footer/>", "<footer/><heading>h</heading>"), false},
-        {document("<heading>h</heading>", ""), true},
-        {document("<entry id=\"e\" reportMetric=\"a.b\"/>", ""), true},
         {document("<summary>", "<summary>x"), false},
         {part(" logo=''>"), false},
         {part("><summary overwrite='true'/><subsections overwrite='0'/>"), true},
         {part("><subsections/><summary/>"), false},
-        {document("displayName=\"A\"", ""), true},
         {document(" id=\"s\"", ""), false},
-        {document("id=\"a.b\"", "id=\"a..b\""), true},
         {document("id=\"a.b\"", "id=\"a:b\""), false},
-        {document("<entry reportMetric=\"a.b\"/>", "<entry reportMetric='gone'/>"), true},
-        {metricWith(" breakdownSubsection='gone' colour='no colour'"), true},
-        {metricWith(" type='string' units=''"), true},
         {metricWith(" type=' string'"), false},
         {metricWith(" source='other'"), false},
-        {metricWith(" source='metric'"), true},
         {document("displayName=\"A\"/>", ">" + details + details + "</reportMetric>"), false},
         {document("displayName=\"A\"/>", "><sourceDetails metricRef=''/></reportMetric>"), false},
-        {document("<subsection ", "<subsection errorMetric='x' requires='!no such' "), true},
         {document("<subsection ", "<subsection maxAdviceStrings='-1' "), false},
-        {document("<subsection ", "<subsection maxAdviceStrings='0' order='-5' "), true},
         {document("<spacer/>", "<text/>"), false},
         {document("<spacer/>", "<spacer order='2147483648'/>"), false},
-        {entryWith("maxBarValue='-1.50'"), true},
         {entryWith("maxBarValue='1e3'"), false},
-        {entryWith("unitPrefix='iec' machineReadableOnly='1' group=''"), true},
         {entryWith("unitPrefix='SI'"), false},
         {entryWith("chartLabel='x'"), false},
-        {markup("a<p b='1'>c<em>d</em></p><h1/><ul><li>e<ol><li/></ol></li></ul>"), true},
-        {markup("<div><blockquote> x <p/></blockquote></div><pre>a<a/><tt><b/></tt></pre>"), true},
-        {markup("<a href='x'/><img src='x' alt='y'/><br clear='all'/>"), true},
+        {markup("a<p b='1'>c<em>d</em></p><h1/><ul><li>e<ol><li/></ol></li></ul>"
+                "<div><blockquote> x <p/></blockquote></div><pre>a<a/><tt><b/></tt></pre>"
+                "<a href='x'/><img src='x' alt='y'/><br clear='all'/>"),
+         true},
         {markup("<a href='x'>text</a>"), false},
         {markup("<ul>x<li/></ul>"), false},
         {markup("<p><p/></p>"), false},
@@ -117,9 +113,7 @@ TEST(SchemaValidation, tellsWhatIsWrong)
         QString message;         ///< "*" stands for Qt's own words
         QByteArray content = {}; ///< of the schema's file, which is read anew at each call
     } rows[] = {
-        {document(space, ""), nowhere, QUrl(), noNamespace("")},
-        {document("xmlns=", "xmlns:r="), nowhere, place, noNamespace(" file:///d/r.xml")},
-        {document(space, space.toLower()), nowhere, QUrl("a%20b"), noNamespace(" a b")},
+        {document("xmlns=", "xmlns:r="), nowhere, QUrl("a%20b"), noNamespace(" a b")},
         {document(space, QByteArray(space).replace('"', '\'')), nowhere, QUrl(), noNamespace("")},
         {"<!-- " + space + " -->" + document(space, ""), compiledInSchema(), place,
          "file:///d/r.xml at line 1 column *. No definition for element report available."},
@@ -130,15 +124,9 @@ TEST(SchemaValidation, tellsWhatIsWrong)
          "file:///d/r.xml at line 5 column *. *x is not defined in this scope."},
         {document("</report>", ""), compiledInSchema(), QUrl("http://h/100%25"),
          "http://h/100%25 at line 5 column *. *"},
-        {document("<spacer/>", "<spacer order='1.5'/>"), compiledInSchema(), place,
-         "file:///d/r.xml at line 4 column *. *order*1.5*"},
         {twice, file, place, "", own},
         {twice, file, place, "file:///d/r.xml at line *", unmarked},
-        {twice, file, place, "file:///d/r.xml at line *",
-         QByteArray(own).replace("reportMetrics\"", "other\"")},
         {twice, file, place, "Schema file '" + file + "' is not valid", "<x"},
-        {twice, file, place, "Schema file '" + file + "' is not valid", ""},
-        {twice, file, place, "", own},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.message.toStdString());
@@ -183,7 +171,6 @@ TEST(SchemaValidation, endsTheNesting)
                                 QByteArray("</b>").repeated(190) + "'>]>";
     const std::pair<QByteArray, QString> rows[] = {
         {nested(200), QString()},
-        {nested(201), message.arg(37 + 198 * 3 - 1)},
         {nested(200000), message.arg(37 + 198 * 3 - 1)},
         {nested(199, others), QString()},
         {nested(200, others), message.arg(37 + 197 * 3 + 4)},
@@ -195,7 +182,6 @@ TEST(SchemaValidation, endsTheNesting)
         EXPECT_TRUE(qtAccepts(nested(200)));
         EXPECT_TRUE(validate(nested(199, "<x/>")).error.contains("x is not defined"));
         EXPECT_TRUE(validate(declared + nested(100, "&e;")).error.contains("200 levels deep"));
-        EXPECT_FALSE(validate(document("<footer/>", QByteArray("<b>").repeated(200000))).accepted);
     }));
     smallStack->setStackSize(256 * 1024);
     smallStack->start();
