@@ -69,9 +69,7 @@ TEST(Colour, convertsAsQtDoes)
         }
     }
     for (int rgb = 0; rgb < 0x1000000; rgb += 13) {
-        const int parts[] = {rgb >> 16, rgb >> 8 & 0xFF, rgb & 0xFF};
-        ASSERT_TRUE(isSame(Colour::fromRgb(parts[0], parts[1], parts[2]),
-                           QColor::fromRgb(parts[0], parts[1], parts[2])));
+        ASSERT_TRUE(isSame(Colour::fromRgb(rgb >> 16, rgb >> 8 & 0xFF, rgb & 0xFF), QColor(rgb)));
     }
     EXPECT_TRUE(isSame(Colour(), QColor()));
 }
