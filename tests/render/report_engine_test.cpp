@@ -21,11 +21,15 @@ TEST(ReportEngine, TellsWhatFailsAndGoesOn)
         file.write(text);
         file.close();
         QString error;
-        const bool isLoaded = engine.loadPartialFromFile(name, file, ReportFormat::Html, &error);
+        const bool isLoaded =
+            name ? engine.loadPartialFromFile(name, file, ReportFormat::Html, &error)
+                 : engine.loadJavaScriptFromFile(file, &error);
         EXPECT_EQ(isLoaded, error.isEmpty());
         return error;
     };
     EXPECT_TRUE(messageOfLoading("bad", "{{#if a}}").contains("Parse error"));
+    EXPECT_TRUE(messageOfLoading(nullptr, "nosuch()").contains("nosuch is not defined"));
+    EXPECT_TRUE(messageOfLoading(nullptr, "throw 'a plain text'").contains("a plain text"));
     EXPECT_EQ(messageOfLoading("p", "<p>{{a}}{{#if b}}{{> bad}}{{/if}}</p>"), "");
     EXPECT_EQ(messageOfLoading("trims", "{{trim}}"), "");
     const std::tuple<const char*, QJsonObject, ReportFormat, QString, QString> rows[] = {
@@ -60,8 +64,7 @@ TEST(ReportEngine, TellsWhatFailsAndGoesOn)
 
 TEST(PageJson, HoldsNothingThatAPageCouldTakeForMarkup)
 {
-    const QString hostile = QString::fromUtf8("</script><!-- & ]]> <img src=\"a.png\"> \u2028\u2029"
-                                              " \u00e9 \xf0\x9f\x98\x80");
+    const QString hostile = QString::fromUtf8("</script><!-- & \" \u2028\u2029\u00e9 \U0001f600");
     const QJsonObject data{{hostile, hostile}};
     const QByteArray json = pageJson(data);
     for (const char* piece : {"<", ">", "&", "\xe2\x80\xa8", "\xe2\x80\xa9"})
