@@ -1,16 +1,9 @@
 // Headless Chromium for the page's tests.
+import { after } from 'node:test';
 import { chromium } from 'playwright-core';
 
-const args = [
-    '--no-sandbox',
-    '--disable-gpu',
-    '--disable-quic',
-    '--no-first-run',
-    '--disable-background-networking',
-    '--disable-component-update',
-    '--disable-sync',
-];
+const executablePath = process.env.CHROMIUM || '/usr/bin/chromium';
+const args = ['--no-sandbox', '--disable-gpu', '--disable-quic'];
 
-export function launchBrowser() {
-    return chromium.launch({ executablePath: process.env.CHROMIUM || '/usr/bin/chromium', args });
-}
+export const browser = await chromium.launch({ executablePath, args });
+after(() => browser.close());

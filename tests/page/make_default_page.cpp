@@ -1,4 +1,5 @@
 // Renders a metric data file with the default definition, and with an error in a section of it.
+// usage: make_default_page ROOT DATA PAGE
 #include "definition/compiled_in_schema.h"
 #include "definition/default_definition.h"
 #include "definition/report_definition.h"
@@ -17,10 +18,8 @@ using namespace vantrel::report;
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::cerr << "usage: make_default_page ROOT DATA PAGE\n";
+    if (argc != 4)
         return 2;
-    }
     const QCoreApplication application(argc, argv);
     InstallationPaths::instance()->setAllDirectories(argv[1]);
     QString error;

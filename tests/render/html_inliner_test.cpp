@@ -1,7 +1,6 @@
 #include "render/html_inliner.h"
 
 #include <QFile>
-#include <QMap>
 #include <QTemporaryDir>
 
 #include "qt_printing.h"
@@ -12,21 +11,20 @@ using namespace vantrel;
 
 namespace {
 
-const QMap<QString, QByteArray> files = {{"a.js", "var a = '<b>';"},
-                                         {"a.css", "p { color: red }"},
-                                         {"a.png", "PNG"},
-                                         {"a.jpg", "PNG"},
-                                         {"a.gif", "PNG"},
-                                         {"a.jpeg", "PNG"},
-                                         {"a.PNG", "PNG"}};
-
 class HtmlInliner : public testing::Test {
 protected:
     HtmlInliner()
     {
-        for (auto it = files.begin(); it != files.end(); ++it) {
-            QFile file(folder.filePath(it.key()));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(it.value()) > 0);
+        const std::pair<const char*, const char*> files[] = {{"a.js", "var a = '<b>';"},
+                                                             {"a.css", "p { color: red }"},
+                                                             {"a.png", "PNG"},
+                                                             {"a.jpg", "PNG"},
+                                                             {"a.gif", "PNG"},
+                                                             {"a.jpeg", "PNG"},
+                                                             {"a.PNG", "PNG"}};
+        for (const auto& [name, text] : files) {
+            QFile file(folder.filePath(name));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0);
         }
     }
 

@@ -51,14 +51,8 @@ TEST(ReportEngine, TellsWhatFailsAndGoesOn)
     QFile missing("/no such/missing.html");
     EXPECT_FALSE(engine.loadPartialFromFile("p", missing, ReportFormat::Html, &error));
     EXPECT_TRUE(error.contains("missing.html"));
-    error.clear();
-    EXPECT_FALSE(engine.loadJavaScriptFromFile(missing, &error));
-    EXPECT_TRUE(error.contains("missing.html"));
-    for (const char* unknown : {"nosuch", ""}) {
-        error.clear();
-        EXPECT_EQ(engine.renderDynamicHtml({}, unknown, &error), "");
-        EXPECT_FALSE(error.isEmpty());
-    }
+    EXPECT_EQ(engine.renderDynamicHtml({}, "", &error), "");
+    EXPECT_EQ(error, "Invalid template \"\" for html");
     EXPECT_TRUE(engine.renderDynamicHtml({{"a", 1}}, "p", &error).contains("{\"a\":1}"));
 }
 

@@ -1,4 +1,5 @@
 // What the goldens of the forms don't show.
+#include "render/branding.h"
 #include "render/report_sections.h"
 
 #include "qt_printing.h"
@@ -37,6 +38,9 @@ TEST(ReportSections, HaveASubstituteForUnknownMetricsAndLeaveOutWhatIsNotGiven)
                             {"metricId", row["metricId"]},
                             {"template", "percentageTemplate"}};
     EXPECT_EQ(section["metrics"], QJsonArray{shown});
+    definition.setLogo("own.png");
+    const QJsonObject logo{{"image", "own.png"}, {"height", 150}};
+    EXPECT_EQ(makeBrandingData(definition)["logos"].toArray().first(), logo);
 }
 
 } // namespace
