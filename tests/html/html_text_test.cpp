@@ -79,7 +79,6 @@ TEST(HtmlToPlainText, BreaksAtBlocksAndWraps)
         {"a \n\t b&nbsp;&lt;&eacute;", {}, QString::fromUtf8("a b\u00a0<\u00e9")},
         {"a \n\t b", {80, false}, "a \n\t b"},
         {"a &nosuch; b", {}, "a "},
-        {words, {9, true}, "one two\nthree\nfour"},
         {words, {1, true}, "one\ntwo\nthree\nfour"},
         {"one two six four", {8, true}, "one two\nsix four"},
         {"a b<br>ccccc", {4, true}, "a b\nccccc"},

@@ -125,14 +125,6 @@ describe('a typical page', () => {
         assert.deepEqual(await page.evaluate(() => window.copied), Array(2).fill('/home/ada/runs/typical'));
     });
 
-    test('draws the radar chart', async () => {
-        const labels = await texts(page, '#time_radar [class^="legend_axis"]');
-        assert.deepEqual(labels, ['Compute', 'Net', 'Storage', 'No colour']);
-        assert.equal(await color(page, '#time_radar .legend_axis0', 'fill'), 'rgb(45, 123, 49)');
-        assert.equal(await color(page, '#time_radar polygon', 'stroke'), 'rgb(45, 123, 49)');
-        assert.equal(await color(page, '#time_radar polygon', 'fillOpacity'), '0.64');
-    });
-
     test('opens and closes details, each its own', async () => {
         const links = page.locator('a.toggle');
         const shown = () => page.$$eval('.metricDetail > div', (all) => all.filter((one) => one.textContent.trim())

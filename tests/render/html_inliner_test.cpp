@@ -57,7 +57,7 @@ TEST_F(HtmlInliner, PutsInWhatItFindsAndLeavesTheRest)
          "<style href='b.css' >" + styles},
         {"<link rel='stylesheet' href='b.css' rel='stylesheet' href='a.css' x>",
          "<style rel='stylesheet' href='b.css' x>" + styles},
-        {"<link rel=\"icon\" href=\"a.css\"><link rel='stylesheet'><link href='a.css'>", ""},
+        {"<link rel='icon' href='a.css'><link x='stylesheet' href='a.css'><link href='a.css'>", ""},
         {"<IMG SRC=\"a.gif\">", "<img src=\"" + image.arg("gif") + ">"},
         {"<img alt=\"a>b\"\nsrc='a.jpg'/>", "<img alt=\"a>b\" src=\"" + image.arg("jpeg") + "/>"},
         {"<img src='b.png'><img \"<img src='a.png' x>",
@@ -75,6 +75,7 @@ TEST_F(HtmlInliner, TakesTimeInProportionToHostileText)
         const QString html = QString::fromLatin1(piece).repeated(200000);
         // A quadratic scan would take hours.
         EXPECT_EQ(inlined(html), html) << piece;
+        EXPECT_EQ(inlined(html + '>'), html + '>') << piece;
     }
 }
 

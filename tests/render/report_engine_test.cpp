@@ -39,7 +39,6 @@ TEST(ReportEngine, TellsWhatFailsAndGoesOn)
         {"trims", {}, ReportFormat::Text, "", "invalid usage of trim, an argument is required "},
         {"nosuch", {}, ReportFormat::Html, "", "Invalid template \"nosuch\" for html"},
         {"nosuch", {}, ReportFormat::Unknown, "", "Invalid format \"\""},
-        {"p", {}, ReportFormat::Html, "<p></p>", ""},
     };
     QString error;
     for (const auto& [name, data, format, text, message] : rows) {
@@ -51,8 +50,11 @@ TEST(ReportEngine, TellsWhatFailsAndGoesOn)
     QFile missing("/no such/missing.html");
     EXPECT_FALSE(engine.loadPartialFromFile("p", missing, ReportFormat::Html, &error));
     EXPECT_TRUE(error.contains("missing.html"));
-    EXPECT_EQ(engine.renderDynamicHtml({}, "", &error), "");
-    EXPECT_EQ(error, "Invalid template \"\" for html");
+    error.clear();
+    EXPECT_FALSE(engine.loadJavaScriptFromFile(missing, &error));
+    EXPECT_TRUE(error.contains("missing.html"));
+    EXPECT_EQ(engine.renderDynamicHtml({}, "bad", &error), "");
+    EXPECT_EQ(error, "Invalid template \"bad\" for html");
     EXPECT_TRUE(engine.renderDynamicHtml({{"a", 1}}, "p", &error).contains("{\"a\":1}"));
 }
 
