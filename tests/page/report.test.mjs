@@ -67,6 +67,8 @@ describe('a typical page', () => {
     test('asks for nothing but the logo and shows the rows that have a value and are visible', async () => {
         assert.deepEqual([page.requests, page.problems], [[logoAddress], []]);
         assert.equal(await page.title(), 'typical - Vantrel');
+        assert.equal(await page.locator('#logo a').getAttribute('href'),
+            'https://www.corvane.example/products/vantrel');
         assert.deepEqual(await texts(page, '#applicationDetails tr'), [
             'Executable: typical', 'Tasks: 16 processes', 'Total time: 0 seconds',
             'Full path: /\u200bhome/\u200bada/\u200bruns/\u200btypical', 'Notes: one <line> and another',
