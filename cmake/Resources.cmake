@@ -24,7 +24,8 @@ add_custom_command(OUTPUT ${handlebars_script} ${d3_script} ${htmlparser_script}
 # Two of our own scripts and the style sheet are kept in fragments, in folders of their names, and
 # joined in this order.
 set(report-engine.js report-text.js report-templates.js report-helpers.js engine.js)
-set(vantrel.js values-and-colours.js vantrel-helpers.js page-behaviour.js page-start.js)
+set(vantrel.js values-and-colours.js vantrel-helpers.js page-title.js page-details.js page-logos.js
+    page-sections.js page-copying.js page-start.js)
 set(vantrel.css colours.css page.css header.css summary.css forced-colours.css subsections.css
     narrow-windows.css print.css)
 set(joined)

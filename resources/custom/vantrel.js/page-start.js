@@ -1,4 +1,12 @@
 
+// What the page does once it is there.
+
+vantrel.finishPage = function (jsonData) {
+    vantrel.deferSections();
+    vantrel.showLogoCopies((jsonData.brandingData || {}).logos || []);
+    document.addEventListener('copy', vantrel.copyWithoutBreaks);
+};
+
 if (document) {
     ReportEngine.afterRender(vantrel.setDocumentTitleFromTemplate);
     ReportEngine.afterRender(function (jsonData) {

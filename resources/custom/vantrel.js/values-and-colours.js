@@ -1,5 +1,5 @@
-// The report's numbers, values and colours, and the data of its chart. The build puts vantrel-helpers.js
-// behind it, which makes all this known to the engine and to the page.
+// The report's numbers, values and colours, and the data of its chart. The files that the build puts
+// behind it make all this known to the engine and to the page.
 
 var document;
 var window;

@@ -1,5 +1,4 @@
-// The report's helpers as templates call them, their registration, and what the page does once it is
-// there.
+// The report's helpers as templates call them, and their registration.
 
 vantrel.templateHelpers = (function () {
     'use strict';
