@@ -41,12 +41,13 @@ ExitCode printCatalog()
 void addSchemaCommand(CLI::App& app, ExitCode* result)
 {
     CLI::App* const command = app.add_subcommand("schema", "Print the schema of definitions");
-    auto* const wantsCatalog =
-        command->add_flag("--catalog", "Print the XML catalog that leads editors to the schema");
+    auto wantsCatalog = std::make_shared<bool>(false);
+    command->add_flag("--catalog", *wantsCatalog,
+                      "Print the XML catalog that leads editors to the schema");
     command->footer("Example:\n  vantrel schema > report.xsd");
     command->callback([result, wantsCatalog] {
-        *result = wantsCatalog->count() > 0 ? printCatalog()
-                                            : print(report::compiledInSchema(), "\r", QByteArray());
+        *result =
+            *wantsCatalog ? printCatalog() : print(report::compiledInSchema(), "\r", QByteArray());
     });
 }
 
