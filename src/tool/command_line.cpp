@@ -21,12 +21,24 @@ std::unique_ptr<CLI::App> makeCommandLine(ExitCode* result)
     return app;
 }
 
-QStringList textsFrom(const std::vector<std::string>& arguments)
+void addDefinitionOptions(CLI::App* command, DefinitionOptions* options)
 {
-    QStringList texts;
-    for (const std::string& argument : arguments)
-        texts.append(textFrom(argument));
-    return texts;
+    command
+        ->add_option("DEFINITION", options->definition,
+                     "Definition; without it the installed default one")
+        ->type_name("");
+    command->add_option("--partial", options->partials, "Partial definition to merge into it")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+}
+
+DefinitionFiles filesOf(const DefinitionOptions& options)
+{
+    DefinitionFiles files;
+    files.definition = textFrom(options.definition);
+    for (const std::string& partial : options.partials)
+        files.partials.append(textFrom(partial));
+    return files;
 }
 
 } // namespace vantrel::tool

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "tool/definition_files.h"
 #include "tool/exit_code.h"
 
 #include <CLI/CLI.hpp>
 
 #include <QString>
-#include <QStringList>
 
 #include <memory>
 #include <string>
@@ -22,6 +22,12 @@ inline QString textFrom(const std::string& argument)
     return QString::fromStdString(argument);
 }
 
-QStringList textsFrom(const std::vector<std::string>& arguments);
+/// The definition that a command works on, as it is given.
+struct DefinitionOptions {
+    std::string definition;
+    std::vector<std::string> partials;
+};
+void addDefinitionOptions(CLI::App* command, DefinitionOptions* options);
+DefinitionFiles filesOf(const DefinitionOptions& options);
 
 } // namespace vantrel::tool

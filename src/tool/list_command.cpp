@@ -2,7 +2,6 @@
 #include "render/placeholders.h"
 #include "tool/command_line.h"
 #include "tool/commands.h"
-#include "tool/definition_files.h"
 #include "tool/result_output.h"
 #include "tool/value_names.h"
 
@@ -17,8 +16,7 @@ using namespace report;
 namespace {
 
 struct ListOptions {
-    std::string definition;
-    std::vector<std::string> partials;
+    DefinitionOptions definition;
     bool asJson = false;
 };
 
@@ -122,8 +120,7 @@ QString toText(const NamedGroup& group)
 ExitCode list(const ListOptions& options)
 {
     ReportDefinition definition;
-    const DefinitionFiles files{textFrom(options.definition), textsFrom(options.partials)};
-    if (const ExitCode code = loadDefinition(files, &definition))
+    if (const ExitCode code = loadDefinition(filesOf(options.definition), &definition))
         return code;
     QStringList texts;
     QJsonObject object;
@@ -144,13 +141,7 @@ void addListCommand(CLI::App& app, ExitCode* result)
     auto options = std::make_shared<ListOptions>();
     CLI::App* const command = app.add_subcommand(
         "list", "List what a definition names: metrics, summary entries, sections, placeholders");
-    command
-        ->add_option("DEFINITION", options->definition,
-                     "Definition; without it the installed default one")
-        ->type_name("");
-    command->add_option("--partial", options->partials, "Partial definition to merge into it")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
+    addDefinitionOptions(command, &options->definition);
     command->add_flag("--json", options->asJson, "As a JSON object of lists");
     command->footer("Example:\n  vantrel list report.xml --json | jq '.metrics[].id'");
     command->callback([options, result] { *result = list(*options); });

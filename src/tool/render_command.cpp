@@ -1,7 +1,6 @@
 // One report from a definition and the values of one run.
 #include "tool/command_line.h"
 #include "tool/commands.h"
-#include "tool/definition_files.h"
 #include "tool/engine_warnings.h"
 #include "tool/findings.h"
 #include "tool/given_values.h"
@@ -15,8 +14,7 @@ namespace vantrel::tool {
 namespace {
 
 struct RenderOptions {
-    std::string definition;
-    std::vector<std::string> partials;
+    DefinitionOptions definition;
     std::vector<std::string> values;
     std::vector<std::string> settings;
     std::vector<std::string> advice;
@@ -63,9 +61,8 @@ ExitCode refuse(const QString& file, const CustomReport& report)
 
 ExitCode render(const RenderOptions& options)
 {
-    const DefinitionFiles files{textFrom(options.definition), textsFrom(options.partials)};
     report::ReportDefinition definition;
-    if (const ExitCode code = loadDefinition(files, &definition))
+    if (const ExitCode code = loadDefinition(filesOf(options.definition), &definition))
         return code;
     const QString file = definition.url().toLocalFile();
     CustomReport report(definition);
@@ -94,13 +91,7 @@ void addRenderCommand(CLI::App& app, ExitCode* result)
     auto options = std::make_shared<RenderOptions>();
     CLI::App* const command =
         app.add_subcommand("render", "Make a report from a definition and the values of a run");
-    command
-        ->add_option("DEFINITION", options->definition,
-                     "Definition; without it the installed default one")
-        ->type_name("");
-    command->add_option("--partial", options->partials, "Partial definition to merge into it")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
+    addDefinitionOptions(command, &options->definition);
     command
         ->add_option("--values", options->values,
                      "Values of the run: a metric data file, or one JSON object from names to "
